@@ -1,0 +1,17 @@
+# Run as a script by discover_qt_tests; writes one add_test line per test function of PROGRAM.
+
+set(ENV{QT_QPA_PLATFORM} offscreen)
+execute_process(COMMAND ${PROGRAM} -functions OUTPUT_VARIABLE functions RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${NAME} -functions failed: ${result}")
+endif()
+string(REGEX MATCHALL "[A-Za-z_0-9]+\\(\\)" functions "${functions}")
+string(REGEX REPLACE "^tst_" "" short ${NAME})
+set(body "")
+foreach(function IN LISTS functions)
+    string(REPLACE "()" "" function ${function})
+    string(APPEND body
+        "add_test([==[${short}.${function}]==] [==[${WRAPPER}]==] [==[${PROGRAM}]==] ${function})\n"
+        "set_tests_properties([==[${short}.${function}]==] PROPERTIES LABELS ${LABEL} TIMEOUT 240)\n")
+endforeach()
+file(WRITE ${OUT} "${body}")
