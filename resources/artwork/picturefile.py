@@ -1,0 +1,135 @@
+"""Pictures as files: PNG in its smallest exact form, and the icon file."""
+
+import struct
+import zlib
+
+import cairo
+
+
+def straight(surface):
+    """The pixels as RGBA words with straight alpha, one list a row."""
+    surface.flush()
+    width, height, stride = surface.get_width(), surface.get_height(), surface.get_stride()
+    data = memoryview(surface.get_data()).cast("I")
+    known = {}
+
+    def convert(word):
+        alpha = word >> 24
+        if alpha in (0, 255):
+            rgb = (word & 0xFFFFFF) if alpha else 0
+        else:
+            rgb = 0
+            for shift in (16, 8, 0):
+                value = min(255, ((word >> shift & 0xFF) * 255 + alpha // 2) // alpha)
+                rgb |= value << shift
+        return (rgb << 8 | alpha)
+
+    rows = []
+    for y in range(height):
+        row = data[y * stride // 4:y * stride // 4 + width]
+        for word in set(row):
+            if word not in known:
+                known[word] = convert(word)
+        rows.append([known[word] for word in row])
+    return rows
+
+
+def chunk(kind, body):
+    return struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body))
+
+
+def filtered(rows, pixel):
+    """Each row by the filter that leaves the smallest bytes; PIXEL is the number of bytes of one pixel."""
+    previous = bytes(len(rows[0]))
+    out = bytearray()
+    for row in rows:
+        left = bytes(pixel) + row[:-pixel]
+        choices = (
+            row,
+            bytes((a - b) & 255 for a, b in zip(row, left)),
+            bytes((a - b) & 255 for a, b in zip(row, previous)),
+        )
+        weights = [sum(min(value, 256 - value) for value in choice) for choice in choices]
+        best = weights.index(min(weights))
+        out.append(best)
+        out += choices[best]
+        previous = row
+    return bytes(out)
+
+
+def packed(indices, depth):
+    if depth == 8:
+        return bytes(indices)
+    per_byte = 8 // depth
+    padded = indices + [0] * (-len(indices) % per_byte)
+    out = bytearray()
+    for start in range(0, len(padded), per_byte):
+        value = 0
+        for index in padded[start:start + per_byte]:
+            value = value << depth | index
+        out.append(value)
+    return bytes(out)
+
+
+def png(surface):
+    """A PNG of the surface: with a palette where 256 colours are enough, else in full colour."""
+    rows = straight(surface)
+    width, height = len(rows[0]), len(rows)
+    # Translucent entries first: the list of alpha values then ends early.
+    colours = sorted({word for row in rows for word in row}, key=lambda word: (word & 0xFF == 0xFF, word))
+    opaque = all(word & 0xFF == 0xFF for word in colours)
+    chunks = []
+    if len(colours) <= 256:
+        depth = next(bits for bits in (1, 2, 4, 8) if len(colours) <= 1 << bits)
+        index = {word: place for place, word in enumerate(colours)}
+        lines = [packed([index[word] for word in row], depth) for row in rows]
+        kind = 3
+        chunks.append(chunk(b"PLTE", b"".join((word >> 8).to_bytes(3, "big") for word in colours)))
+        if not opaque:
+            chunks.append(chunk(b"tRNS", bytes(word & 0xFF for word in colours if word & 0xFF != 0xFF)))
+        raw = b"".join(b"\0" + line for line in lines)
+    else:
+        depth, kind, size = 8, (2 if opaque else 6), (3 if opaque else 4)
+        lines = [b"".join((word >> 8 if opaque else word).to_bytes(size, "big") for word in row) for row in rows]
+        raw = filtered(lines, size)
+    header = struct.pack(">IIBBBBB", width, height, depth, kind, 0, 0, 0)
+    chunks.append(chunk(b"IDAT", zlib.compress(raw, 9)))
+    return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + b"".join(chunks) + chunk(b"IEND", b"")
+
+
+def bitmap(surface):
+    """One picture of an icon file in its older form: rows upside down, then an empty mask."""
+    rows = straight(surface)
+    size = len(rows)
+    body = struct.pack("<IiiHHIIiiII", 40, size, 2 * size, 1, 32, 0, 0, 0, 0, 0, 0)
+    for row in reversed(rows):
+        body += b"".join(struct.pack("<I", (word & 0xFF) << 24 | word >> 8) for word in row)
+    return body + bytes((size + 31) // 32 * 4 * size)
+
+
+def ico(surfaces):
+    """An icon file: small pictures as bitmaps, the large one as PNG, as every desktop reads them."""
+    images = [png(surface) if surface.get_width() >= 256 else bitmap(surface) for surface in surfaces]
+    offset = 6 + 16 * len(images)
+    head = struct.pack("<HHH", 0, 1, len(images))
+    for surface, image in zip(surfaces, images):
+        size = surface.get_width() % 256    # 0 stands for 256
+        head += struct.pack("<BBBBHHII", size, size, 0, 0, 1, 32, len(image), offset)
+        offset += len(image)
+    return head + b"".join(images)
+
+
+def same(path, data):
+    """Whether the file at PATH shows what DATA, a file of the same kind, shows."""
+    with open(path, "rb") as stored:
+        found = stored.read()
+    if found == data:
+        return True
+    if path.suffix != ".png":
+        return False
+    # Another compressor may write other bytes for the same pixels.
+    import io
+    first, second = (cairo.ImageSurface.create_from_png(io.BytesIO(content)) for content in (found, data))
+    if (first.get_width(), first.get_height()) != (second.get_width(), second.get_height()):
+        return False
+    return straight(first) == straight(second)
