@@ -1,0 +1,19 @@
+import QtQuick 2.12
+import QtQuick.Controls 2.5
+
+// The scroll bar of a page, 12 wide: the handle is 8 wide and turns blue while it is dragged.
+ScrollBar {
+    id: darkScrollBar
+
+    implicitWidth: 12
+    padding: 2
+    policy: ScrollBar.AlwaysOn
+    minimumSize: 0.05
+
+    background: Rectangle { color: "#060A12" }
+    contentItem: Rectangle {
+        implicitWidth: 8
+        radius: 4
+        color: darkScrollBar.pressed ? "#8DC6E8" : "#384A64"
+    }
+}

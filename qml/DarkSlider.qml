@@ -1,0 +1,83 @@
+import QtQuick 2.12
+import QtQuick.Controls 1.4 as QQC14
+import QtQuick.Controls.Styles 1.4
+
+// The slider of the panel, 346 x 6, in whole steps, deaf to the wheel.
+//
+// Properties: grooveSource, handleSource (pictures), levelColor (left of the handle), leftText, rightText
+//             (small texts under the ends of the groove); all of Slider (minimumValue, maximumValue, value).
+QQC14.Slider {
+    id: darkSlider
+
+    property url grooveSource: "qrc:/img/pc/img_slider_01_chromakey.png"
+    property url handleSource: "qrc:/img/pc/btn_n_slider_chromakey.png"
+    property color levelColor: "#8DC6E8"
+    property string leftText: ""
+    property string rightText: ""
+
+    width: 346
+    height: 6
+    stepSize: 1
+    wheelEnabled: false
+
+    style: SliderStyle {
+        groove: Rectangle {
+            implicitWidth: 346
+            implicitHeight: 6
+            color: "transparent"
+            radius: 8
+
+            Image {
+                anchors.fill: parent
+                source: darkSlider.grooveSource
+            }
+
+            Rectangle {
+                id: sliderCurrentLevel
+                width: styleData.handlePosition
+                height: parent.height
+                color: darkSlider.levelColor
+                radius: height / 2
+            }
+
+            PanelText {
+                id: sliderTextLeft
+                anchors.top: parent.bottom
+                anchors.topMargin: 12
+                anchors.left: parent.left
+                anchors.leftMargin: -15
+                height: 16
+                color: "#919191"
+                font.pixelSize: 14
+                text: darkSlider.leftText
+            }
+
+            PanelText {
+                id: sliderTextRight
+                anchors.top: parent.bottom
+                anchors.topMargin: 12
+                anchors.right: parent.right
+                anchors.rightMargin: -15
+                height: 16
+                color: "#919191"
+                font.pixelSize: 14
+                text: darkSlider.rightText
+            }
+        }
+        handle: Image {
+            width: 22
+            height: 22
+            source: darkSlider.handleSource
+        }
+    }
+
+    // The control's own mouse area is as high as the groove, 6 px; the operator aims at the handle, 22 px.
+    Component.onCompleted: {
+        for (var i = 0; i < children.length; ++i) {
+            if (children[i].handleHovered === undefined)
+                continue
+            children[i].anchors.topMargin = -8
+            children[i].anchors.bottomMargin = -8
+        }
+    }
+}

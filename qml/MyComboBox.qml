@@ -1,0 +1,121 @@
+import QtQuick 2.12
+import QtQuick.Controls 2.5
+
+// The dark drop-down. The list is 300 high however few rows it holds.
+//
+// Properties: popupHeight, popupVisible, txtColor; all of ComboBox.
+ComboBox {
+    id: thiscombo
+
+    readonly property bool latin: qmlTranslator.currentLanguage() + qmlTranslator.e_str === "en_US"
+    property alias popupHeight: myComboPopup.height
+    property alias popupVisible: myComboPopup.visible
+    property alias txtColor: contentText.color
+
+    function clearModel() {
+    }
+
+    font.pixelSize: 18
+    padding: 0
+    spacing: 6
+
+    delegate: ItemDelegate {
+        width: thiscombo.width
+        height: thiscombo.height
+        padding: 0
+        leftPadding: 6
+        rightPadding: 6
+        highlighted: thiscombo.highlightedIndex === index
+        contentItem: Text {
+            text: modelData
+            color: highlighted ? "Black" : "#D8D8D8"
+            elide: Text.ElideRight
+            font.family: thiscombo.latin ? hlFontEnRegular.name : "Noto Sans CJK TC Regular"
+            font.pixelSize: 18
+            textFormat: Text.PlainText
+            verticalAlignment: Text.AlignVCenter
+        }
+        background: Rectangle { color: highlighted ? "#8DC6E8" : "#1F1F1F" }
+    }
+
+    indicator: Canvas {
+        id: canvas
+        x: thiscombo.width - width - 7
+        y: (thiscombo.height - height) / 2
+        width: 12
+        height: 8
+        contextType: "2d"
+
+        Connections {
+            target: thiscombo
+            onPressedChanged: canvas.requestPaint()
+            onEnabledChanged: canvas.requestPaint()
+        }
+
+        onPaint: {
+            var context = getContext("2d")
+            context.reset()
+            context.moveTo(1, 1)
+            context.lineTo(width / 2, height - 1)
+            context.lineTo(width - 1, 1)
+            context.lineWidth = 2
+            context.strokeStyle = thiscombo.enabled ? "#AFAFAF" : "#6A7079"
+            context.stroke()
+        }
+    }
+
+    contentItem: Text {
+        id: contentText
+        leftPadding: 6
+        rightPadding: thiscombo.indicator.width + thiscombo.spacing
+        topPadding: 2
+        text: thiscombo.displayText
+        color: thiscombo.enabled ? "#D8D8D8" : "#7C828B"
+        elide: Text.ElideRight
+        font.family: "Carlito"
+        font.pixelSize: 18
+        textFormat: Text.PlainText
+        verticalAlignment: Text.AlignVCenter
+    }
+
+    background: Rectangle {
+        implicitWidth: 150
+        implicitHeight: 32
+        color: "#1F1F1F"
+        border.color: thiscombo.pressed ? "#000000" : "#0C0C0C"
+        border.width: thiscombo.visualFocus ? 2 : 1
+        radius: 2
+    }
+
+    popup: Popup {
+        id: myComboPopup
+        y: thiscombo.height - 1
+        width: thiscombo.width
+        height: 300
+        padding: 1
+
+        contentItem: ListView {
+            clip: true
+            implicitHeight: contentHeight
+            boundsBehavior: Flickable.StopAtBounds
+            model: thiscombo.popup.visible ? thiscombo.delegateModel : null
+            currentIndex: thiscombo.highlightedIndex
+            ScrollIndicator.vertical: ScrollIndicator {
+                id: scrollMark
+                padding: 1
+                contentItem: Rectangle {
+                    implicitWidth: 4
+                    radius: 2
+                    color: "#5A6A83"
+                    visible: scrollMark.size < 1
+                }
+            }
+        }
+
+        background: Rectangle {
+            color: "#1F1F1F"
+            border.color: "#000000"
+            radius: 2
+        }
+    }
+}

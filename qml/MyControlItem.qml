@@ -1,0 +1,147 @@
+import QtQuick 2.12
+import QtQuick.Controls 2.5
+
+// One row of a page: title, slider, minus and plus, number field.
+//
+// Drag, buttons and refreshes all end in a change of sliderValue; the number field only reports by
+// textFieldChanged(), and it is the page that moves the slider. enableItem() greys the row's look and stops the
+// slider; a page that wants the buttons or the field dead disables them itself.
+Image {
+    id: control
+
+    property var sliderGrooveImgSource: "qrc:/img/pc/img_slider_01_chromakey.png"
+    property var sliderHandleImgSource: "qrc:/img/pc/btn_n_slider_chromakey.png"
+    property var sliderCurrentLevelColor: "#8DC6E8"
+    property var sliderTextLeftText: ""
+    property var sliderTextRightText: ""
+    property alias bgImageSource: control.source
+    property alias title: txtTitle.text
+    property alias titleColor: txtTitle.color
+    property alias sliderValue: slider.value
+    property alias sliderMin: slider.minimumValue
+    property alias sliderMax: slider.maximumValue
+    property alias textValue: txtValue.text
+    property alias textValueMaxlength: txtValue.maximumLength
+    property alias itemSlider: slider
+    property alias itemSliderStepSize: slider.stepSize
+    property alias itemButtonDecrease: btnDecrease
+    property alias itemButtonDecreaseImage: btnDecreaseImage
+    property alias itemButtonIncrease: btnIncrease
+    property alias itemButtonIncreaseImage: btnIncreaseImage
+    property alias itemText: txtValue
+
+    signal buttonDecreaseClicked()
+    signal buttonIncreaseClicked()
+    signal textFieldChanged()
+
+    function enableItem(setEnable) {
+        var state = setEnable ? "n" : "d"
+        txtTitle.color = setEnable ? "#D8D8D8" : "#333333"
+        sliderCurrentLevelColor = setEnable ? "#8DC6E8" : "#5E5E5E"
+        slider.enabled = setEnable
+        sliderHandleImgSource = "qrc:/img/pc/btn_" + state + "_slider_chromakey.png"
+        itemText.color = setEnable ? "#D8D8D8" : "#333333"
+        btnDecreaseImage.source = "qrc:/img/pc/btn_" + state + "_reduce_s_chromakey.png"
+        btnIncreaseImage.source = "qrc:/img/pc/btn_" + state + "_increase_s_chromakey.png"
+    }
+
+    source: "qrc:/img/pc/img_bg_input_line.png"
+
+    Row {
+        id: row01
+        x: 48
+        anchors.verticalCenter: parent.verticalCenter
+        spacing: 40
+
+        PanelText {
+            id: txtTitle
+            width: 100
+            anchors.verticalCenter: parent.verticalCenter
+        }
+
+        Label {
+            id: dummyPlaceHolder
+            width: 10
+        }
+
+        DarkSlider {
+            id: slider
+            anchors.verticalCenter: parent.verticalCenter
+            grooveSource: control.sliderGrooveImgSource
+            handleSource: control.sliderHandleImgSource
+            levelColor: control.sliderCurrentLevelColor
+            leftText: control.sliderTextLeftText
+            rightText: control.sliderTextRightText
+        }
+
+        Row {
+            spacing: 2
+
+            FaceButton {
+                id: btnDecrease
+                width: 40
+                height: 40
+                background: Image {
+                    id: btnDecreaseImage
+                    source: "qrc:/img/pc/btn_n_reduce_s_chromakey.png"
+                }
+                onPressedChanged: {
+                    if (pressed) {
+                        btnDecreaseImage.source = "qrc:/img/pc/btn_p_reduce_s_chromakey.png"
+                        return
+                    }
+                    console.log("Item Decreased:", control.sliderValue, slider.value)
+                    // By one, whatever the step of the slider is.
+                    if (slider.value > slider.minimumValue) {
+                        slider.value = slider.value - 1
+                        control.buttonDecreaseClicked()
+                    }
+                    console.log("Item Decreased:", control.sliderValue, slider.value)
+                    btnDecreaseImage.source = "qrc:/img/pc/btn_n_reduce_s_chromakey.png"
+                }
+            }
+
+            FaceButton {
+                id: btnIncrease
+                width: 40
+                height: 40
+                background: Image {
+                    id: btnIncreaseImage
+                    source: "qrc:/img/pc/btn_n_increase_s_chromakey.png"
+                }
+                onPressedChanged: {
+                    if (pressed) {
+                        btnIncreaseImage.source = "qrc:/img/pc/btn_p_increase_s_chromakey.png"
+                        return
+                    }
+                    console.log("Item Increased:", control.sliderValue, slider.value)
+                    if (slider.value < slider.maximumValue) {
+                        slider.value = slider.value + 1
+                        control.buttonIncreaseClicked()
+                    }
+                    console.log("Item Increased:", control.sliderValue, slider.value)
+                    btnIncreaseImage.source = "qrc:/img/pc/btn_n_increase_s_chromakey.png"
+                }
+            }
+        }
+
+        DarkTextField {
+            id: txtValue
+            width: 106
+            height: 40
+            rightPadding: 10
+            font.pixelSize: 22
+            horizontalAlignment: TextInput.AlignRight
+            text: slider.value
+            maximumLength: 6
+            validator: IntValidator {
+                bottom: control.sliderMin
+                top: control.sliderMax
+            }
+            onAccepted: {
+                console.log("MyItem TextFieldAccepted:", slider.value, txtValue.text)
+                control.textFieldChanged()
+            }
+        }
+    }
+}

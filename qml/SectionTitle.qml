@@ -1,0 +1,10 @@
+import QtQuick 2.12
+
+// The title of a section header. Its widest text is a little wider than its 200 and runs on uncut.
+PanelText {
+    x: 48
+    anchors.verticalCenter: parent.verticalCenter
+    width: 200
+    color: "#788194"
+    font.bold: true
+}
