@@ -7,7 +7,6 @@ cmake                               the build
 ninja-build                         the build
 qtbase5-dev                         Qt: core, widgets, network
 qtdeclarative5-dev                  Qt: QML and Quick
-qtquickcontrols2-5-dev              Qt: the controls of the screen
 libqt5serialport5-dev               Qt: the RS-232 link
 qttools5-dev                        Qt: the message catalogues
 qttools5-dev-tools                  Qt: lrelease and lupdate
