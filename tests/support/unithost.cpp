@@ -1,0 +1,181 @@
+#include "tests/support/unithost.h"
+
+#include "standin/networklink.h"
+#include "standin/seriallink.h"
+
+#include <QCoreApplication>
+#include <QHostAddress>
+#include <QThread>
+
+#include <atomic>
+
+namespace support {
+
+namespace {
+
+// Loopback addresses by process and instance; the process number is unique on the machine while it lives.
+QHostAddress loopbackAddress(int attempt)
+{
+    static std::atomic<quint32> instance{0};
+    const auto pid = static_cast<quint32>(QCoreApplication::applicationPid());
+    const quint32 number = pid * 16U + instance++ + static_cast<quint32>(attempt) * 7919U;
+    const quint32 last = 1U + number % 253U;
+    const quint32 rest = 1U + (number / 253U) % 65000U;
+    return QHostAddress((127U << 24U) | (rest << 8U) | last);
+}
+
+} // namespace
+
+struct UnitHost::Private
+{
+    QThread thread;
+    QObject *inThread = nullptr; // lives in the thread; parent of the links
+    std::unique_ptr<standin::Unit> unit;
+    standin::NetworkLink *network = nullptr;
+    standin::SerialLink *serial = nullptr;
+    QHostAddress address;
+    QString port;
+
+    void run(const std::function<void()> &action) const
+    {
+        QMetaObject::invokeMethod(inThread, action, Qt::BlockingQueuedConnection);
+    }
+
+    void start(const Options &options)
+    {
+        unit = std::make_unique<standin::Unit>();
+        if (options.network) {
+            network = new standin::NetworkLink(*unit, inThread);
+            listen(options);
+        }
+        if (options.serial) {
+            serial = new standin::SerialLink(*unit, inThread);
+            if (!serial->openPty())
+                qFatal("The stand-in unit has no serial link: %s", qPrintable(serial->errorString()));
+            port = serial->portName();
+        }
+    }
+
+    void listen(const Options &options)
+    {
+        constexpr int kAttempts = 20;
+        for (int attempt = 0; attempt < kAttempts; ++attempt) {
+            address = options.address.isEmpty() ? loopbackAddress(attempt) : QHostAddress(options.address);
+            if (network->listen(address))
+                return;
+            if (!options.address.isEmpty())
+                break;
+        }
+        qFatal("The stand-in unit can't listen on %s: %s", qPrintable(address.toString()),
+               qPrintable(network->errorString()));
+    }
+};
+
+UnitHost::UnitHost()
+    : UnitHost(Options{})
+{
+}
+
+UnitHost::UnitHost(const Options &options)
+    : d(std::make_unique<Private>())
+{
+    d->inThread = new QObject;
+    d->inThread->moveToThread(&d->thread);
+    d->thread.start();
+    d->run([this, &options] { d->start(options); });
+}
+
+UnitHost::~UnitHost()
+{
+    d->run([this] {
+        delete d->inThread->findChild<standin::NetworkLink *>();
+        delete d->inThread->findChild<standin::SerialLink *>();
+    });
+    d->inThread->deleteLater();
+    d->thread.quit();
+    d->thread.wait();
+}
+
+QString UnitHost::address() const
+{
+    return d->address.toString();
+}
+
+QString UnitHost::serialPortName() const
+{
+    return d->port;
+}
+
+QVector<standin::FrameRecord> UnitHost::record() const
+{
+    QVector<standin::FrameRecord> frames;
+    d->run([this, &frames] { frames = d->unit->record(); });
+    return frames;
+}
+
+QVector<int> UnitHost::codes() const
+{
+    QVector<int> list;
+    for (const standin::FrameRecord &frame : record())
+        list.append(frame.code);
+    return list;
+}
+
+void UnitHost::clearRecord()
+{
+    d->run([this] { d->unit->clearRecord(); });
+}
+
+int UnitHost::count(int code) const
+{
+    int frames = 0;
+    d->run([this, code, &frames] { frames = d->unit->count(code); });
+    return frames;
+}
+
+void UnitHost::setFault(int code, const standin::Fault &fault)
+{
+    d->run([this, code, &fault] { d->unit->setFault(code, fault); });
+}
+
+void UnitHost::clearFaults()
+{
+    d->run([this] { d->unit->clearFaults(); });
+}
+
+void UnitHost::drop()
+{
+    d->run([this] {
+        if (d->network)
+            d->network->drop();
+    });
+}
+
+void UnitHost::stopListening()
+{
+    d->run([this] {
+        if (d->network)
+            d->network->stopListening();
+    });
+}
+
+bool UnitHost::listenAgain()
+{
+    bool listening = false;
+    d->run([this, &listening] { listening = d->network && d->network->listen(d->address); });
+    return listening;
+}
+
+int UnitHost::clientCount() const
+{
+    int clients = 0;
+    d->run([this, &clients] { clients = d->network ? d->network->clientCount() : 0; });
+    return clients;
+}
+
+void UnitHost::withUnit(const std::function<void(standin::Unit &)> &action)
+{
+    d->run([this, &action] { action(*d->unit); });
+}
+
+} // namespace support
