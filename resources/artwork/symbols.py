@@ -132,7 +132,7 @@ def lock_open(scale=1):
     fill, light, border, *_ = FACES["n"]
     canvas.raised(4, fill, light, border)
     pen = canvas.pen
-    canvas.rounded(9, 15, 12, 8, 1)
+    canvas.rounded(9, 15, 12, 8, 1.5)
     canvas.stroke(QUIET, 2)
     pen.move_to(11, 15)
     pen.line_to(11, 10)
