@@ -2,6 +2,7 @@
 
 #include "standin/networklink.h"
 #include "standin/seriallink.h"
+#include "tests/support/testnetwork.h"
 
 #include <QCoreApplication>
 #include <QHostAddress>
@@ -33,6 +34,8 @@ struct UnitHost::Private
     std::unique_ptr<standin::Unit> unit;
     standin::NetworkLink *network = nullptr;
     standin::SerialLink *serial = nullptr;
+    standin::DiscoveryLink *discovery = nullptr;
+    int restarts = 0;
     QHostAddress address;
     QString port;
 
@@ -43,7 +46,10 @@ struct UnitHost::Private
 
     void start(const Options &options)
     {
+        if (!options.netNamespace.isEmpty() && !TestNetwork::enter(options.netNamespace))
+            qFatal("The stand-in unit can't enter the namespace %s", qPrintable(options.netNamespace));
         unit = std::make_unique<standin::Unit>();
+        address = QHostAddress(options.address);
         if (options.network) {
             network = new standin::NetworkLink(*unit, inThread);
             listen(options);
@@ -54,6 +60,24 @@ struct UnitHost::Private
                 qFatal("The stand-in unit has no serial link: %s", qPrintable(serial->errorString()));
             port = serial->portName();
         }
+        if (options.discovery)
+            startDiscovery(options);
+    }
+
+    void startDiscovery(const Options &options)
+    {
+        if (address.isNull())
+            address = loopbackAddress(0);
+        discovery = new standin::DiscoveryLink(*unit, inThread);
+        if (!discovery->listen(address, options.broadcasts))
+            qFatal("The stand-in unit can't be discovered at %s: %s", qPrintable(address.toString()),
+                   qPrintable(discovery->errorString()));
+        QObject::connect(discovery, &standin::DiscoveryLink::restartRequested, inThread, [this] {
+            ++restarts;
+            discovery->applyNextAddress();
+            if (network)
+                network->drop();
+        });
     }
 
     void listen(const Options &options)
@@ -88,8 +112,9 @@ UnitHost::UnitHost(const Options &options)
 UnitHost::~UnitHost()
 {
     d->run([this] {
-        delete d->inThread->findChild<standin::NetworkLink *>();
-        delete d->inThread->findChild<standin::SerialLink *>();
+        delete d->network;
+        delete d->serial;
+        delete d->discovery;
     });
     d->inThread->deleteLater();
     d->thread.quit();
@@ -176,6 +201,21 @@ int UnitHost::clientCount() const
 void UnitHost::withUnit(const std::function<void(standin::Unit &)> &action)
 {
     d->run([this, &action] { action(*d->unit); });
+}
+
+void UnitHost::withNetwork(const std::function<void(standin::NetworkSettings &)> &action)
+{
+    d->run([this, &action] {
+        if (d->discovery)
+            action(d->discovery->settings);
+    });
+}
+
+int UnitHost::restarts() const
+{
+    int count = 0;
+    d->run([this, &count] { count = d->restarts; });
+    return count;
 }
 
 } // namespace support

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "standin/discoverylink.h"
 #include "standin/unit.h"
 
 #include <QString>
@@ -18,11 +19,11 @@ public:
     struct Options
     {
         QString address; // empty: a loopback address 127.x.y.z that no other host of this machine has
-        bool network = true;
+        bool network = true; // TCP port 5002
         bool serial = false; // a pseudo-terminal
-        bool discovery = false; // UDP port 5002 of the address; broadcasts only inside a namespace, see below
-        bool discoveryOnAny =
-            false; // bound to 0.0.0.0, so that broadcasts arrive: for namespaces of the test
+        bool discovery = false; // UDP port 5002 of the address
+        bool broadcasts = false; // and what is sent to all; only inside a namespace of the test's own
+        QString netNamespace{}; // the unit's thread lives in this network namespace
     };
 
     UnitHost();
@@ -50,6 +51,9 @@ public:
     // Runs in the unit's thread and waits for it: read or change its state, e.g. unit.setValue(standin::Dark,
     // "level", 7) or unit.setData(standin::Dark, QByteArray::fromHex("01c800e80364")).
     void withUnit(const std::function<void(standin::Unit &)> &action);
+    // The same for what discovery shows and sets; needs the option `discovery`.
+    void withNetwork(const std::function<void(standin::NetworkSettings &)> &action);
+    int restarts() const; // RESET requests that were carried out
 
 private:
     struct Private;
