@@ -1,0 +1,123 @@
+#pragma once
+
+#include "device/qkv720.h"
+#include "discovery/hlnp.h"
+#include "tests/support/unithost.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTcpSocket>
+#include <QtTest>
+
+#include <memory>
+
+// A stand-in unit and the device class on one link to it.
+class DeviceBench
+{
+public:
+    explicit DeviceBench(uint link)
+        : method(link)
+        , host(options(link))
+        , device(std::make_unique<qkv720>())
+        , broken(device.get(), &qkv720::connectionBroken)
+    {
+    }
+
+    // The device leaves its serial and discovery objects to the end of the process; the tests end often.
+    ~DeviceBench()
+    {
+        device->disconnectDevice(method);
+        const std::unique_ptr<HLNP> discovery(device->hlnpObj);
+        const std::unique_ptr<serialPort> serial(device->serialObj);
+        device.reset();
+    }
+    DeviceBench(const DeviceBench &) = delete;
+    DeviceBench &operator=(const DeviceBench &) = delete;
+
+    QString target() const { return method == kNetworkLink ? host.address() : host.serialPortName(); }
+
+    // Opens the link and forgets what that took.
+    bool connectUnit()
+    {
+        const QString result = device->connectDevice(method, target());
+        host.clearRecord();
+        broken.clear();
+        if (result != QLatin1String("OK"))
+            qWarning() << "connect:" << result;
+        return result == QLatin1String("OK");
+    }
+
+    // The frames that the unit received, as they lay on the link.
+    QVector<QByteArray> frames() const
+    {
+        QVector<QByteArray> list;
+        for (const standin::FrameRecord &frame : host.record())
+            list.append(frame.raw.toHex(' '));
+        return list;
+    }
+
+    // The time from each frame to the next, in milliseconds.
+    QVector<int> gapsMs() const
+    {
+        QVector<int> gaps;
+        const auto record = host.record();
+        for (int i = 1; i < record.size(); ++i)
+            gaps.append(static_cast<int>((record.at(i).ns - record.at(i - 1).ns) / 1000000));
+        return gaps;
+    }
+
+    QTcpSocket *socket() const { return device->hlnpObj->swiTcpSocket; }
+
+    const uint method;
+    support::UnitHost host;
+    std::unique_ptr<qkv720> device;
+    QSignalSpy broken;
+
+private:
+    static support::UnitHost::Options options(uint link)
+    {
+        support::UnitHost::Options wanted;
+        wanted.network = link == kNetworkLink;
+        wanted.serial = link == kSerialLink;
+        return wanted;
+    }
+};
+
+// A frame of the serial link in hexadecimal as it lies on `method`.
+inline QByteArray frameOn(uint method, const char *serialHex)
+{
+    const QByteArray body = QByteArray::fromHex(serialHex);
+    if (method != kNetworkLink)
+        return body.toHex(' ');
+    return QByteArray(1, '\0').append(static_cast<char>(body.size() + 2)).append(body).toHex(' ');
+}
+
+// A reply body around `data`, with the right length and checksum.
+inline QByteArray replyBody(int code, const QByteArray &data)
+{
+    QByteArray body;
+    body.append(static_cast<char>(3 + data.size()));
+    body.append('\0');
+    body.append(static_cast<char>(code));
+    body.append(data);
+    uint sum = 0;
+    for (const char byte : body)
+        sum += static_cast<uchar>(byte);
+    body.append(static_cast<char>(sum & 0xFFU));
+    return body;
+}
+
+inline QByteArray withChecksum(QByteArray bytes)
+{
+    uint sum = 0;
+    for (const char byte : bytes)
+        sum += static_cast<uchar>(byte);
+    return bytes.append(static_cast<char>(sum & 0xFFU));
+}
+
+#define VERIFY_BETWEEN(value, low, high)                                                                     \
+    do {                                                                                                     \
+        const auto measured = (value);                                                                       \
+        QVERIFY2(measured >= (low) && measured < (high),                                                     \
+                 qPrintable(QStringLiteral("%1 is not in [%2, %3)").arg(measured).arg(low).arg(high)));      \
+    } while (false)
