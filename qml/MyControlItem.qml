@@ -4,8 +4,8 @@ import QtQuick.Controls 2.5
 // One row of a page: title, slider, minus and plus, number field.
 //
 // Drag, buttons and refreshes all end in a change of sliderValue; the number field only reports by
-// textFieldChanged(), and it is the page that moves the slider. enableItem() greys the row's look and stops the
-// slider; a page that wants the buttons or the field dead disables them itself.
+// textFieldChanged(), and it is the page that moves the slider. enableItem() greys the row's look and stops
+// the slider; a page that wants the buttons or the field dead disables them itself.
 Image {
     id: control
 

@@ -308,7 +308,8 @@ Item {
                     width: 200
                     color: "#8BC7EA"
                     font.pixelSize: 18
-                    text: (layerSwapOn ? qsTr("Chromakey on top") : qsTr("Lumakey on top")) + qmlTranslator.e_str
+                    text: (layerSwapOn ? qsTr("Chromakey on top") : qsTr("Lumakey on top"))
+                          + qmlTranslator.e_str
                 }
             }
 

@@ -18,8 +18,11 @@ Item {
     }
 
     function sendWindow(typedRow) {
-        mainObject.setWindow(windowOn, invertOn, valueOf(windowLeft, typedRow), valueOf(windowRight, typedRow),
-                             valueOf(windowTop, typedRow), valueOf(windowBottom, typedRow),
+        mainObject.setWindow(windowOn, invertOn,
+                             valueOf(windowLeft, typedRow),
+                             valueOf(windowRight, typedRow),
+                             valueOf(windowTop, typedRow),
+                             valueOf(windowBottom, typedRow),
                              valueOf(windowBorder, typedRow))
     }
 

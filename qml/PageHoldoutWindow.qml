@@ -19,8 +19,11 @@ Item {
     }
 
     function sendWindow(typedRow) {
-        mainObject.setHoldoutWindow(holdoutWindowOn, holdoutInvertOn, valueOf(holdoutWindowLeft, typedRow), valueOf(holdoutWindowRight, typedRow),
-                                    valueOf(holdoutWindowTop, typedRow), valueOf(holdoutWindowBottom, typedRow),
+        mainObject.setHoldoutWindow(holdoutWindowOn, holdoutInvertOn,
+                                    valueOf(holdoutWindowLeft, typedRow),
+                                    valueOf(holdoutWindowRight, typedRow),
+                                    valueOf(holdoutWindowTop, typedRow),
+                                    valueOf(holdoutWindowBottom, typedRow),
                                     valueOf(holdoutWindowBorder, typedRow))
     }
 
@@ -203,7 +206,8 @@ Item {
                         source: sourcePath + "btn_switch_off_dashboard.png"
                     }
                     onClicked: {
-                        btnHoldoutWindowInvertSwitchImage.source = sourcePath + Pictures.switchFace(!holdoutInvertOn)
+                        btnHoldoutWindowInvertSwitchImage.source =
+                                sourcePath + Pictures.switchFace(!holdoutInvertOn)
                         holdoutInvertOn = !holdoutInvertOn
                         // Not at once: the invert goes the way of the sliders.
                         timerHWSliderCommand.start()

@@ -13,7 +13,7 @@ Item {
     property bool genlockOn: true
     property bool genlockFolded: false
     // One-shot guards. The first two swallow the first two index changes of the source combo, whoever caused
-    // them (the combo's own step to its first entry is one); the others the first value written to each slider.
+    // them (the combo's own step to its first entry is one); the others the first value written to a slider.
     property bool ignoreGenHRefresh: true
     property bool ignoreGenVRefresh: true
     property bool ignoreGenHInit: true
@@ -265,7 +265,8 @@ Item {
                     id: btnGenlockFolder
                     folded: genlockFolded
                     onClicked: {
-                        pageInput_ContentGenlock.foldTo(genlockFolded ? 75 * 3 : pageInput_ContentHeaderGenlock.height)
+                        pageInput_ContentGenlock.foldTo(genlockFolded ? 75 * 3
+                                                                      : pageInput_ContentHeaderGenlock.height)
                         genlockFolded = !genlockFolded
                     }
                 }

@@ -2,7 +2,8 @@ import QtQuick 2.12
 import QtQuick.Controls 2.5
 import "Pictures.js" as Pictures
 
-// The picture after the key: processing amplifier and RGB corrector of the foreground, blur of the background.
+// The picture after the key: processing amplifier and RGB corrector of the foreground, blur of the
+// background.
 Item {
     id: pagePostProcessorItem
 
@@ -23,7 +24,8 @@ Item {
     }
 
     function sendPostAmp(typedRow) {
-        mainObject.setPPFGPostAmp(fgPostAmpOn, valueOf(ppfgBrightness, typedRow), valueOf(ppfgContrast, typedRow),
+        mainObject.setPPFGPostAmp(fgPostAmpOn,
+                                  valueOf(ppfgBrightness, typedRow), valueOf(ppfgContrast, typedRow),
                                   valueOf(ppfgSaturation, typedRow), valueOf(ppfgHue, typedRow))
     }
 
@@ -76,8 +78,8 @@ Item {
     }
 
     function showCorrector(on) {
-        showSection(pagePP_ContentHeader02, [ppfgRWhiteLevel, ppfgRBlackLevel, ppfgGWhiteLevel, ppfgGBlackLevel,
-                                             ppfgBWhiteLevel, ppfgBBlackLevel], on)
+        showSection(pagePP_ContentHeader02, [ppfgRWhiteLevel, ppfgRBlackLevel, ppfgGWhiteLevel,
+                                             ppfgGBlackLevel, ppfgBWhiteLevel, ppfgBBlackLevel], on)
     }
 
     function showBlur(on) {
@@ -388,7 +390,7 @@ Item {
             ppfgBrightness.sliderValue = bright
             ppfgContrast.sliderValue = contrast
             ppfgSaturation.sliderValue = sat
-            // The unit's hue is told unsigned: a negative one lies beyond the end and moves the slider to its end.
+            // The hue is told unsigned: a negative one lies beyond the range and moves the slider to its end.
             ppfgHue.sliderValue = hue
         }
 

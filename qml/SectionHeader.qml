@@ -2,8 +2,8 @@ import QtQuick 2.12
 
 // The header row of a foldable section: fold mark, title, switch, reset.
 //
-// Properties: title; folded (the chevron); hasSwitch; switchSource, resetSource (pictures, written by the page);
-//             resetEnabled.
+// Properties: title; folded (the chevron); hasSwitch; switchSource, resetSource (pictures, written by the
+//             page); resetEnabled.
 // Signals:    foldClicked(), switchClicked(), resetPressedDown(), resetReleased().
 InputLine {
     id: sectionHeader
