@@ -42,6 +42,8 @@ int NetworkLink::clientCount() const
 
 void NetworkLink::drop()
 {
+    // Who has knocked but was not let in yet is there too, as far as the other end can tell.
+    while (server.isListening() && server.waitForNewConnection(0)) { }
     for (QTcpSocket *socket : server.findChildren<QTcpSocket *>())
         socket->abort();
 }

@@ -123,11 +123,7 @@ void SerialLink::take()
 
 void SerialLink::send(const Response &response)
 {
-    if (response.closeLink) {
-        // A serial line has no end to close: the unit falls silent on it.
-        notifier->setEnabled(false);
-        return;
-    }
+    // A serial line has no end to close: there a closed link is silence, and nothing was put into the chunks.
     for (const Response::Chunk &chunk : response.chunks) {
         const auto put = [this, bytes = chunk.bytes] { write(bytes); };
         chunk.delayMs > 0 ? QTimer::singleShot(chunk.delayMs, Qt::PreciseTimer, this, put) : put();
