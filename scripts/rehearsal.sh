@@ -36,7 +36,8 @@ ip link set lo up &&
 
 unit_log=$work/unit.log
 in_unit "$programs/qkv720-unit" --address 192.168.72.10 --name REHEARSAL --mac 02:51:4B:56:07:20 \
-    --state "$work/unit.json" >"$unit_log" 2>&1 < <(exec sleep infinity) &
+    --mask 255.255.255.0 --gateway 192.168.72.1 --primary-dns 192.168.72.1 --secondary-dns 192.168.72.1 \
+    --state "$work/unit.json" >"$unit_log" 2>&1 </dev/null &
 started+=($!)
 sleep 0.5
 
@@ -96,7 +97,7 @@ click() { xdotool mousemove "$1" "$2"; sleep 0.2; xdotool click 1; sleep 0.4; }
 
 sleep 1.2
 shot 1-start
-wait_for "GetHoldoutWindow\|GET_HOLDOUT" 30 "the first read of the unit"
+wait_for "GET_HOLDOUT_WINDOW" 30 "the first read of the unit"
 sleep 2
 shot 2-connected
 
@@ -105,13 +106,13 @@ click 90 245
 xdotool mousemove 483 491 mousedown 1; sleep 0.1
 for x in 500 530 560 590 617; do xdotool mousemove "$x" 491; sleep 0.15; done
 xdotool mouseup 1
-wait_for "SET_CK_BLACKLWHITELEVEL" 5 "the black level"
+wait_for "SET_LEVELS" 5 "the black level"
 shot 3-black-level
 
 # User memory: unlock, then load.
 click 1286 115
 click 1161 115
-wait_for "LOAD_MEMORY\|SET_LOAD" 10 "the memory recall"
+wait_for "GET_MEMORY" 10 "the memory recall"
 sleep 4
 shot 4-memory-recalled
 
