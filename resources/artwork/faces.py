@@ -39,11 +39,7 @@ def switch(state, folder, scale=1):
     x = 36 if on else 4
     canvas.rounded(x, 4, 24, 22, 2)
     canvas.fill(knob)
-    canvas.pen.save()
-    canvas.rounded(x, 4, 24, 22, 2)
-    canvas.pen.clip()
-    canvas.box(x, 4, 24, 1, knob_light)
-    canvas.pen.restore()
+    canvas.box(x + 1, 4, 22, 1, knob_light)
     text = SWITCH_WORDS["on" if on else "off"][FOLDERS.index(folder)]
     letters(canvas, text, folder, 14 if folder else 13, 19 if on else 45, colour)
     return canvas

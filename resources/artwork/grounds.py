@@ -52,7 +52,7 @@ def splash():
     canvas = ground(640, 360, CHROME, (2, 2, 636, 1, POPUP_UPPER))
     canvas.frame(1, 1, 638, 358, POPUP_LINE)
     canvas.frame(0, 0, 640, 360, INK)
-    half_disc(canvas, 92, 164, 28)
+    half_disc(canvas, 92, 164, 28, 4)
     x = 144 + canvas.words("QKV", "Carlito", 64, 144, 184, TEXT)
     canvas.words("-720", "Carlito", 64, x, 184, TITLE)
     canvas.box(48, 232, 544, 1, HAIR)

@@ -46,11 +46,13 @@ def setup(state, scale=1):
 
 def gear(canvas, x, y, colour):
     teeth, outer, root, hole = 8, 10.5, 7.8, 3.6
+    tip, foot = 0.17, 0.26    # half the width of a tooth, as an angle
     pen = canvas.pen
     for tooth in range(teeth):
         middle = tooth * 2 * math.pi / teeth
-        for angle, radius in ((-0.26, root), (-0.19, outer), (0.19, outer), (0.26, root)):
-            pen.line_to(x + radius * math.cos(middle + angle), y + radius * math.sin(middle + angle))
+        pen.arc(x, y, root, middle - 2 * math.pi / teeth + foot, middle - foot)
+        for angle in (-tip, tip):
+            pen.line_to(x + outer * math.cos(middle + angle), y + outer * math.sin(middle + angle))
     pen.close_path()
     pen.new_sub_path()
     pen.arc_negative(x, y, hole, 2 * math.pi, 0)
@@ -145,7 +147,7 @@ def lock_open(scale=1):
 def fold(kind, scale=1):
     canvas = Canvas(30, 30, scale)
     points = ((9, 12), (15, 18), (21, 12)) if kind == "show" else ((12, 9), (18, 15), (12, 21))
-    canvas.line(points, QUIET, 2)
+    canvas.line(points, QUIET, 2, join=MITER)
     return canvas
 
 
@@ -163,11 +165,11 @@ def pen(state, scale=1):
     draw.translate(18, 18)
     draw.rotate(math.pi / 4)
     # Upright, tip down: bulb, collar, then the glass in outline.
-    canvas.rounded(-2.9, -12.2, 5.8, 8, 2.9)
+    canvas.rounded(-3, -13.5, 6, 9.7, 3)
     canvas.fill(colour)
-    canvas.rounded(-4.6, -5.2, 9.2, 2.8, 1)
+    canvas.rounded(-5.6, -6.1, 11.2, 2.6, 1.3)
     canvas.fill(colour)
-    canvas.line(((-2, -2.4), (-2, 7), (0, 11), (2, 7), (2, -2.4)), colour, 1.8, BUTT)
+    canvas.line(((-2.6, -3), (-2.6, 6.2), (0, 11.5), (2.6, 6.2), (2.6, -3)), colour, 1.8, BUTT)
     return canvas
 
 
@@ -179,9 +181,9 @@ def drop_nav(scale=1):
 
 def alert(scale=1):
     canvas = Canvas(24, 24, scale)
-    canvas.line(((12, 3), (21.5, 20), (2.5, 20)), ATTENTION, 2, closed=True)
-    canvas.line(((12, 9.5), (12, 13.5)), ATTENTION, 2)
-    canvas.disc(12, 16.8, 1.1, ATTENTION)
+    canvas.line(((12, 3), (21.75, 20.1), (2.25, 20.1)), ATTENTION, 2, closed=True)
+    canvas.line(((12, 10), (12, 14)), ATTENTION, 2)
+    canvas.disc(12, 17.2, 1, ATTENTION)
     return canvas
 
 
@@ -189,16 +191,16 @@ def notify(kind, scale=1):
     canvas = Canvas(64, 64, scale)
     colour = {"info": QUIET, "success": LIVE}.get(kind, ATTENTION)
     if kind == "error":
-        canvas.line(((32, 8), (58.5, 54), (5.5, 54)), colour, 3, closed=True)
+        canvas.line(((32, 8), (58.5, 54.5), (5.5, 54.5)), colour, 3, closed=True)
         canvas.line(((32, 24), (32, 37)), colour, 4)
-        canvas.disc(32, 45.5, 2.1, colour)
+        canvas.disc(32, 45.5, 2, colour)
         return canvas
     canvas.ring(32, 32, 25.5, 3, colour)
     if kind == "info":
-        canvas.disc(32, 20, 2.1, colour)
+        canvas.disc(32, 20, 2, colour)
         canvas.line(((32, 29), (32, 44)), colour, 4)
     elif kind == "success":
-        canvas.line(((21.5, 32.5), (29, 40), (43, 25)), colour, 3.6)
+        canvas.line(((21.6, 32.9), (28.8, 40), (42.9, 24.7)), colour, 3.6)
     else:
         question_mark(canvas, colour)
     return canvas
@@ -207,10 +209,10 @@ def notify(kind, scale=1):
 def question_mark(canvas, colour):
     draw = canvas.pen
     draw.new_sub_path()
-    draw.arc(32, 26.5, 7.3, math.pi, 2.2 * math.pi)
-    draw.curve_to(36, 33.5, 32, 34, 32, 38.4)
+    draw.arc(32, 26.4, 7.2, math.pi, 2.3 * math.pi)
+    draw.curve_to(35.2, 33.5, 32, 34.5, 32, 38.4)
     canvas.stroke(colour, 3.4)
-    canvas.disc(32, 45, 2.1, colour)
+    canvas.disc(32, 45, 2, colour)
 
 
 def up_arrow(scale=1):
@@ -233,22 +235,21 @@ def menu(state, scale=1):
     return canvas
 
 
-def half_disc(canvas, x, y, outer):
+def half_disc(canvas, x, y, radius, width):
     """The mark of the program: a ring about a disc of which the left half is lit."""
-    width = outer * 3.5 / 21
-    canvas.ring(x, y, outer - width / 2, width, TEXT)
+    canvas.ring(x, y, radius, width, TEXT)
     canvas.pen.new_sub_path()
-    canvas.pen.arc(x, y, outer * 14 / 21, math.pi / 2, 1.5 * math.pi)
+    canvas.pen.arc(x, y, radius - 1.5 * width, math.pi / 2, 1.5 * math.pi)
     canvas.pen.close_path()
     canvas.fill(LIVE)
 
 
 def icon(size):
-    """The program's icon, drawn for its size: lines of one pixel stay one pixel."""
+    """The program's icon, drawn for its size: its lines never get thinner than a pixel."""
     canvas = Canvas(size, size)
     fill, light, border, *_ = FACES["n"]
     canvas.raised(size / 8, fill, light, border)
-    half_disc(canvas, size / 2, size / 2, round(size * 21 / 64))
+    half_disc(canvas, size / 2, size / 2, size * 19 / 64, max(size * 3.4 / 64, 1.4))
     return canvas
 
 
