@@ -27,8 +27,15 @@ bool NetworkLink::listen(const QHostAddress &address, quint16 port)
     return server.listen(address, port);
 }
 
+void NetworkLink::letIn()
+{
+    // Who has knocked but was not welcomed yet is there too, as far as the other end can tell.
+    while (server.isListening() && server.waitForNewConnection(0)) { }
+}
+
 void NetworkLink::stopListening()
 {
+    letIn();
     server.close();
 }
 
@@ -42,8 +49,7 @@ int NetworkLink::clientCount() const
 
 void NetworkLink::drop()
 {
-    // Who has knocked but was not let in yet is there too, as far as the other end can tell.
-    while (server.isListening() && server.waitForNewConnection(0)) { }
+    letIn();
     for (QTcpSocket *socket : server.findChildren<QTcpSocket *>())
         socket->abort();
 }

@@ -37,6 +37,7 @@ signals:
     void clientGone(const QString &peer);
 
 private:
+    void letIn();
     void welcome();
     void serve(QTcpSocket *socket);
     void send(QTcpSocket *socket, const Response &response);
