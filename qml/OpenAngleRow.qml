@@ -1,0 +1,102 @@
+import QtQuick 2.12
+import QtQuick.Controls 2.5
+
+// One row of the open angle: sign, slider with the bar of its hues below, step buttons, number field.
+//
+// Properties: sign; value (of the slider); hue, hueSpan, saturation, lightness (the bar runs from hue to
+//             hue + hueSpan, in degrees); live (false greys out bar and steps); maskColor, handleSource (the
+//             slider's). Items: slider, field, decreaseButton, increaseButton.
+// Steps and typed numbers move the slider and end in onValueChanged, like a drag.
+InputLine {
+    id: openAngleRow
+
+    property alias sign: signText.text
+    property alias value: angleSlider.value
+    property alias slider: angleSlider
+    property alias field: angleField
+    property alias decreaseButton: angleDecrease
+    property alias increaseButton: angleIncrease
+    property alias maskColor: angleSlider.levelColor
+    property alias handleSource: angleSlider.handleSource
+    property alias hue: hueBar.hue
+    property alias hueSpan: hueBar.span
+    property alias saturation: hueBar.saturation
+    property alias lightness: hueBar.lightness
+    property bool live: true
+
+    Text {
+        id: signText
+        x: 190
+        width: 40
+        height: parent.height
+        horizontalAlignment: Text.AlignHCenter
+        verticalAlignment: Text.AlignVCenter
+        font.pixelSize: 40
+        font.bold: true
+        font.family: "Courier New"
+        color: "#757575"
+    }
+
+    DarkSlider {
+        id: angleSlider
+        x: 238
+        y: 34
+        minimumValue: 0
+        maximumValue: 90
+        value: 45
+    }
+
+    HueBar {
+        id: hueBar
+        x: 238
+        y: 52
+        enabled: openAngleRow.live
+    }
+
+    StepButton {
+        id: angleDecrease
+        x: 624
+        y: 17
+        face: "reduce_s_chromakey"
+        live: openAngleRow.live
+        onPressedChanged: {
+            if (!pressed && angleSlider.value > 0)
+                angleSlider.value -= 1;
+        }
+    }
+
+    StepButton {
+        id: angleIncrease
+        x: 666
+        y: 17
+        face: "increase_s_chromakey"
+        live: openAngleRow.live
+        onPressedChanged: {
+            // The bound is the largest byte; the slider itself holds at its own end.
+            if (!pressed && angleSlider.value < 255)
+                angleSlider.value += 1;
+        }
+    }
+
+    DarkTextField {
+        id: angleField
+        x: 746
+        y: 17
+        width: 106
+        height: 40
+        rightPadding: 10
+        font.pixelSize: 22
+        horizontalAlignment: TextInput.AlignRight
+        text: angleSlider.value
+        maximumLength: 4
+        validator: IntValidator {
+            bottom: angleSlider.minimumValue
+            top: angleSlider.maximumValue
+        }
+        // Each keystroke moves the slider. An emptied field is a number not yet typed.
+        onTextChanged: {
+            if (text !== "")
+                angleSlider.value = parseInt(text);
+        }
+    }
+}
