@@ -26,6 +26,9 @@ public:
     // How long each setter blocks, as a slow unit would.
     ulong slowMs = 0;
 
+    // What getVideoOutRes answers.
+    int videoOutRes = 16;
+
     qint64 now() const { return m_clock.elapsed(); }
 
     void forget()
@@ -102,6 +105,51 @@ public slots:
     }
     void resetLumaKey() { note("resetLumaKey", {}); }
 
+    int getVideoOutRes()
+    {
+        note("getVideoOutRes", {});
+        return videoOutRes;
+    }
+    void setCursorData(uint cursor_control, uint x, uint y) { set("setCursorData", {cursor_control, x, y}); }
+    void setBKColor(uint r, uint g, uint b, uint autock) { set("setBKColor", {r, g, b, autock}); }
+    void setBKColor(QString color, uint autoCK) { set("setBKColor", {color, autoCK}); }
+    void resetBKColor() { note("resetBKColor", {}); }
+    void setCKAngle(uint l, uint r) { set("setCKAngle", {l, r}); }
+    void getCKBWLevel() { note("getCKBWLevel", {}); }
+    void setCKBWLevel(uint black, uint white, bool matteOn) { set("setCKBWLevel", {black, white, matteOn}); }
+    void getCKDark() { note("getCKDark", {}); }
+    void setCKDark(bool enable, uint level, uint density, uint balance)
+    {
+        set("setCKDark", {enable, level, density, balance});
+    }
+    void resetCKDark() { note("resetCKDark", {}); }
+    void getCKBright() { note("getCKBright", {}); }
+    void setCKBright(bool enable, uint level, uint density, uint balance)
+    {
+        set("setCKBright", {enable, level, density, balance});
+    }
+    void resetCKBright() { note("resetCKBright", {}); }
+    void getCKShadow() { note("getCKShadow", {}); }
+    void setCKShadow(bool enable, uint level) { set("setCKShadow", {enable, level}); }
+    void resetCKShadow() { note("resetCKShadow", {}); }
+    void getCKSpillBright() { note("getCKSpillBright", {}); }
+    void setCKSpillBright(uint suppression, uint enhance, uint balance, uint brightness, uint vivid,
+                          uint defaultValue, bool checkVivid, bool checkEnhance)
+    {
+        set("setCKSpillBright",
+            {suppression, enhance, balance, brightness, vivid, defaultValue, checkVivid, checkEnhance});
+    }
+    void resetCKSpillBright(uint spillDefault, bool spiSupEnhance)
+    {
+        note("resetCKSpillBright", {spillDefault, spiSupEnhance});
+    }
+    void getEdgeFix() { note("getEdgeFix", {}); }
+    void setEdgeFix(bool enable, uint left, uint right, uint edge)
+    {
+        set("setEdgeFix", {enable, left, right, edge});
+    }
+    void resetEdgeFix() { note("resetEdgeFix", {}); }
+
 signals:
     void refreshInputResolution(unsigned int fg, unsigned int bg, unsigned int aux, unsigned int sync,
                                 int genStatus);
@@ -119,6 +167,17 @@ signals:
                               unsigned int top, unsigned int bottom, unsigned int border);
     void refreshLumaKey(bool enable, unsigned int keymode, quint16 cutoff, quint16 softness,
                         unsigned int layer, unsigned int swaptime, quint16 opa);
+    void refreshBKColorAdjust(QString colorString, int r, int g, int b, int h, qreal s, qreal l);
+    void refreshBKColorPicker(QString colorString, int r, int g, int b, int h, qreal s, qreal l);
+    void refreshCKAngle(unsigned int minus, unsigned int plus);
+    void refreshCKBWLevel(unsigned int black, unsigned int white, bool matte);
+    void refreshCKDark(bool enable, int level, int density, int balance);
+    void refreshCKBright(bool enable, int level, int density, int balance);
+    void refreshCKShadow(bool enable, int shadowValue);
+    void refreshEdgeFix(bool enable, unsigned int left, unsigned int right, unsigned int edge);
+    void refreshCKSpill(unsigned int spillSuppressionValue, unsigned int spillEnhanceValue,
+                        unsigned int spillBalanceValue, unsigned int edgeBrightnessValue, bool vividValue,
+                        unsigned int spillDefButton, bool spillVividDefault, bool spillSupEnhanceValue);
 
 private:
     void note(const QString &name, const QVariantList &arguments)
