@@ -1,7 +1,9 @@
 #include "tests/support/testnetwork.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -61,7 +63,16 @@ void TestNetwork::obtainRights(char **argv)
     // Still here: the namespaces will be refused, and the test says so.
 }
 
-TestNetwork::TestNetwork() = default;
+TestNetwork::TestNetwork()
+{
+    // A test that was killed left its namespaces behind; they carry the number of its process.
+    static const QRegularExpression pattern(QStringLiteral("^qt(\\d+)[hs]\\d+$"));
+    for (const QString &name : QDir(QStringLiteral("/run/netns")).entryList(QDir::Files | QDir::System)) {
+        const QRegularExpressionMatch match = pattern.match(name);
+        if (match.hasMatch() && !QFileInfo::exists(QStringLiteral("/proc/") + match.captured(1)))
+            QProcess::execute(QStringLiteral("ip"), {QStringLiteral("netns"), QStringLiteral("del"), name});
+    }
+}
 
 TestNetwork::~TestNetwork()
 {

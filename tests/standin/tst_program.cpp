@@ -1,0 +1,388 @@
+// The program as people run it: options, commands on standard input, log, state file, restart at a new address.
+
+#include "tests/support/rawlink.h"
+#include "tests/support/testnetwork.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QUdpSocket>
+#include <QtTest>
+
+using support::RawNetwork;
+using support::RawSerial;
+using support::requestBody;
+using support::TestNetwork;
+
+class TestProgram : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void help();
+    void framesByName();
+    void versionsFromOptions();
+    void faultFromOption();
+    void commands_data();
+    void commands();
+    void faultAtRunTime();
+    void recordAndForget();
+    void logFile();
+    void stateFileOutlivesTheProgram();
+    void serialLink();
+    void badOptions_data();
+    void badOptions();
+    void addressTaken();
+    void endOfInputIsNoEnd();
+    void restartAtTheNewAddress();
+
+private:
+    QString address;
+    QTemporaryDir folder;
+};
+
+namespace {
+
+// The program with its two streams.
+class Program
+{
+public:
+    explicit Program(const QStringList &arguments)
+    {
+        process.setProcessChannelMode(QProcess::MergedChannels);
+        process.start(QStringLiteral(UNIT_PROGRAM), arguments);
+    }
+    ~Program() { stop(); }
+    bool isReady() { return waitFor(QStringLiteral("ready on")); }
+    bool waitFor(const QString &text, int ms = 5000)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        while (!output.contains(text) && clock.elapsed() < ms) {
+            process.waitForReadyRead(100);
+            output += QString::fromUtf8(process.readAll());
+        }
+        return output.contains(text);
+    }
+    // Sends one line, and gives what is printed until it is answered.
+    QString tell(const QString &line, const QString &until)
+    {
+        waitFor(QStringLiteral("\n"));
+        process.waitForReadyRead(20);
+        process.readAll();
+        output.clear();
+        process.write(line.toUtf8() + '\n');
+        waitFor(until);
+        return output;
+    }
+    void stop()
+    {
+        if (process.state() == QProcess::NotRunning)
+            return;
+        process.terminate();
+        process.waitForFinished(5000);
+        output += QString::fromUtf8(process.readAll());
+    }
+
+    QProcess process;
+    QString output;
+};
+
+} // namespace
+
+void TestProgram::initTestCase()
+{
+    const auto pid = static_cast<quint32>(QCoreApplication::applicationPid());
+    address = QStringLiteral("127.%1.%2.%3")
+                  .arg(100 + (pid >> 16U) % 100U)
+                  .arg((pid >> 8U) & 0xFFU)
+                  .arg(1 + pid % 250U);
+    QVERIFY(folder.isValid());
+}
+
+void TestProgram::help()
+{
+    Program program({QStringLiteral("--help")});
+    QVERIFY(program.process.waitForFinished(5000));
+    QCOMPARE(program.process.exitCode(), 0);
+    QVERIFY(program.waitFor(QStringLiteral("--restart-time")));
+    QVERIFY(program.output.contains(QStringLiteral("no real unit")));
+}
+
+void TestProgram::framesByName()
+{
+    Program program({QStringLiteral("--address"), address});
+    QVERIFY(program.isReady());
+    QVERIFY(program.output.contains(address + QStringLiteral(":5002")));
+    QVERIFY(program.output.contains(QStringLiteral("no real hardware")));
+    RawNetwork link(address);
+    link.exchange(requestBody(0xD2, QByteArray::fromHex("e803010101")));
+    QVERIFY(program.waitFor(QStringLiteral("network SET_LEVELS black=1000 white=257 matte=1")));
+    link.exchange(requestBody(0xD2, QByteArray(4, '\0'), 0x80));
+    QVERIFY(program.waitFor(QStringLiteral("network RESET_LEVELS black=0 white=0")));
+}
+
+void TestProgram::versionsFromOptions()
+{
+    Program program({QStringLiteral("--address"), address, QStringLiteral("--firmware"),
+                     QStringLiteral("3.10"), QStringLiteral("--fpga"), QStringLiteral("f.ff"),
+                     QStringLiteral("--loader"), QStringLiteral("0.00"), QStringLiteral("--revision"),
+                     QStringLiteral("1"), QStringLiteral("--quiet")});
+    QVERIFY(program.isReady());
+    RawNetwork link(address);
+    QCOMPARE(link.exchange(requestBody(0x6C)).mid(3, 6).toHex(), QByteArray("03100fff0000"));
+    QCOMPARE(link.exchange(requestBody(0x6F)).mid(3, 2).toHex(), QByteArray("4001"));
+    program.stop();
+    QVERIFY(!program.output.contains(QStringLiteral("GET_VERSION")));
+}
+
+void TestProgram::faultFromOption()
+{
+    Program program({QStringLiteral("--address"), address, QStringLiteral("--fault"),
+                     QStringLiteral("6C refuse 81 1"), QStringLiteral("--fault"),
+                     QStringLiteral("GET_DEVICE_TYPE short 4")});
+    QVERIFY(program.isReady());
+    RawNetwork link(address);
+    QCOMPARE(link.exchange(requestBody(0x6C)).toHex(), QByteArray("028183"));
+    QCOMPARE(link.exchange(requestBody(0x6C)).size(), 10);
+    QCOMPARE(link.exchange(requestBody(0x6F)).toHex(), QByteArray("0500"));
+}
+
+void TestProgram::commands_data()
+{
+    QTest::addColumn<QString>("line");
+    QTest::addColumn<QString>("answer");
+    QTest::newRow("help") << "help"
+                          << "clear CODE";
+    QTest::newRow("unknown") << "dance"
+                             << "no such command: dance";
+    QTest::newRow("bad fault") << "fault D2 melt"
+                               << "no such fault: melt";
+    QTest::newRow("bad code") << "clear XY"
+                              << "no such code: XY";
+    QTest::newRow("clear") << "clear"
+                           << "ok";
+    QTest::newRow("set") << "set dark level 7"
+                         << "ok";
+    QTest::newRow("set no field") << "set DARK colour 7"
+                                  << "no such field";
+    QTest::newRow("set no function") << "set LIGHT level 7"
+                                     << "no such function";
+    QTest::newRow("recall") << "recall 0"
+                            << "ok";
+    QTest::newRow("save nothing") << "save 0"
+                                  << "memories are 1 to 8";
+    QTest::newRow("connector") << "connector 4 0"
+                               << "ok";
+    QTest::newRow("no connector") << "connector 5 0"
+                                  << "connector N STANDARD";
+    QTest::newRow("state") << "state"
+                           << "\"memories\"";
+    QTest::newRow("record") << "record"
+                            << "0 frames";
+}
+
+void TestProgram::commands()
+{
+    QFETCH(QString, line);
+    QFETCH(QString, answer);
+    Program program({QStringLiteral("--address"), address});
+    QVERIFY(program.isReady());
+    const QString got = program.tell(line, answer);
+    QVERIFY2(got.contains(answer), qPrintable(got));
+}
+
+void TestProgram::faultAtRunTime()
+{
+    Program program({QStringLiteral("--address"), address});
+    QVERIFY(program.isReady());
+    RawNetwork link(address);
+    program.tell(QStringLiteral("fault 6C silent 1"), QStringLiteral("ok\n"));
+    QVERIFY(link.exchange(requestBody(0x6C), 200).isEmpty());
+    QCOMPARE(link.exchange(requestBody(0x6C)).size(), 10);
+    program.tell(QStringLiteral("drop"), QStringLiteral("ok\n"));
+    QVERIFY(link.waitForEnd());
+}
+
+void TestProgram::recordAndForget()
+{
+    Program program({QStringLiteral("--address"), address, QStringLiteral("--quiet")});
+    QVERIFY(program.isReady());
+    RawNetwork link(address);
+    link.exchange(requestBody(0x6C));
+    const QString record = program.tell(QStringLiteral("record"), QStringLiteral("1 frames"));
+    QVERIFY2(record.contains(QStringLiteral("network GET_VERSION [00 06 03 00 6c 6f]")), qPrintable(record));
+    program.tell(QStringLiteral("forget"), QStringLiteral("ok\n"));
+    QVERIFY(program.tell(QStringLiteral("record"), QStringLiteral("frames"))
+                .contains(QStringLiteral("0 frames")));
+}
+
+void TestProgram::logFile()
+{
+    const QString path = folder.filePath(QStringLiteral("frames.jsonl"));
+    Program program({QStringLiteral("--address"), address, QStringLiteral("--log"), path});
+    QVERIFY(program.isReady());
+    RawNetwork link(address);
+    link.exchange(requestBody(0x6C));
+    link.exchange(requestBody(0xD5, QByteArray::fromHex("010102")));
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QList<QByteArray> lines = file.readAll().trimmed().split('\n');
+    QCOMPARE(lines.size(), 2);
+    const QJsonObject frame = QJsonDocument::fromJson(lines.last()).object();
+    QCOMPARE(frame.value(QStringLiteral("name")).toString(), QStringLiteral("SET_SHADOW"));
+    QCOMPARE(frame.value(QStringLiteral("values")).toString(), QStringLiteral("enable=1 level=513"));
+    QCOMPARE(frame.value(QStringLiteral("raw")).toString(), QStringLiteral("00 09 06 00 d5 01 01 02 df"));
+    QCOMPARE(frame.value(QStringLiteral("good")).toBool(), true);
+    QVERIFY(frame.value(QStringLiteral("ns")).toDouble() > 0);
+}
+
+void TestProgram::stateFileOutlivesTheProgram()
+{
+    const QStringList arguments{QStringLiteral("--address"), address, QStringLiteral("--state"),
+                                folder.filePath(QStringLiteral("unit.json"))};
+    {
+        Program program(arguments + QStringList{QStringLiteral("--name"), QStringLiteral("STUDIO")});
+        QVERIFY(program.isReady());
+        RawNetwork link(address);
+        link.exchange(requestBody(0xD1, QByteArray::fromHex("0708")));
+        link.exchange(requestBody(0xE4, QByteArray::fromHex("05")));
+        link.exchange(requestBody(0xD1, QByteArray::fromHex("090a")));
+    }
+    Program program(arguments);
+    QVERIFY(program.isReady());
+    RawNetwork link(address);
+    QCOMPARE(link.exchange(requestBody(0x51)).mid(3, 2).toHex(), QByteArray("090a"));
+    link.exchange(requestBody(0x64, QByteArray::fromHex("05")));
+    QCOMPARE(link.exchange(requestBody(0x51)).mid(3, 2).toHex(), QByteArray("0708"));
+    QUdpSocket socket;
+    socket.bind(QHostAddress(QHostAddress::LocalHost), 0);
+    socket.writeDatagram(QByteArray::fromHex("000b80004554485f524551"), QHostAddress(address), 5002);
+    QVERIFY(socket.waitForReadyRead(2000));
+    QByteArray record(100, '\0');
+    record.truncate(static_cast<int>(socket.readDatagram(record.data(), record.size())));
+    QCOMPARE(record.mid(5, 7), QByteArray("STUDIO", 7));
+}
+
+void TestProgram::serialLink()
+{
+    const QString path = folder.filePath(QStringLiteral("port"));
+    Program program({QStringLiteral("--no-network"), QStringLiteral("--no-discovery"),
+                     QStringLiteral("--serial"), QStringLiteral("pty"), QStringLiteral("--serial-link"),
+                     path});
+    QVERIFY(program.isReady());
+    {
+        RawSerial link(path);
+        QVERIFY(link.isUp());
+        QCOMPARE(link.exchange(requestBody(0x6F)).toHex(), QByteArray("05006f4000b4"));
+    }
+    RawSerial again(path); // a panel may come back
+    QCOMPARE(again.exchange(requestBody(0x6F)).toHex(), QByteArray("05006f4000b4"));
+    program.stop();
+    QVERIFY(!QFileInfo(path).isSymLink());
+}
+
+void TestProgram::badOptions_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::newRow("address") << QStringList{QStringLiteral("--address"), QStringLiteral("nowhere")};
+    QTest::newRow("MAC") << QStringList{QStringLiteral("--mac"), QStringLiteral("00:11")};
+    QTest::newRow("version") << QStringList{QStringLiteral("--firmware"), QStringLiteral("new")};
+    QTest::newRow("fault") << QStringList{QStringLiteral("--fault"), QStringLiteral("D2 melt")};
+    QTest::newRow("serial") << QStringList{QStringLiteral("--serial"), QStringLiteral("/nowhere")};
+    QTest::newRow("log") << QStringList{QStringLiteral("--log"), QStringLiteral("/nowhere/log")};
+    QTest::newRow("unknown") << QStringList{QStringLiteral("--nonsense")};
+}
+
+void TestProgram::badOptions()
+{
+    QFETCH(QStringList, arguments);
+    const bool ownAddress = arguments.first() == QLatin1String("--address");
+    Program program(ownAddress ? arguments : arguments + QStringList{QStringLiteral("--address"), address});
+    QVERIFY(program.process.waitForFinished(5000));
+    QCOMPARE(program.process.exitCode(), 1);
+    QVERIFY(program.process.readAll().size() > 10);
+}
+
+void TestProgram::addressTaken()
+{
+    Program first({QStringLiteral("--address"), address});
+    QVERIFY(first.isReady());
+    Program second({QStringLiteral("--address"), address});
+    QVERIFY(second.process.waitForFinished(5000));
+    QCOMPARE(second.process.exitCode(), 1);
+    QVERIFY(second.waitFor(QStringLiteral("TCP ") + address));
+}
+
+void TestProgram::endOfInputIsNoEnd()
+{
+    Program program({QStringLiteral("--address"), address});
+    QVERIFY(program.isReady());
+    program.process.closeWriteChannel();
+    QTest::qWait(100);
+    RawNetwork link(address);
+    QCOMPARE(link.exchange(requestBody(0x6C)).size(), 10);
+    program.stop();
+    QCOMPARE(program.process.exitStatus(), QProcess::NormalExit);
+}
+
+void TestProgram::restartAtTheNewAddress()
+{
+    TestNetwork net;
+    const QString panel = net.addHost();
+    const QString unit = net.addHost();
+    const QString cable = net.addSwitch();
+    net.plug(panel, QStringLiteral("eth0"), cable, {QStringLiteral("192.168.72.1/24")});
+    net.plug(unit, QStringLiteral("eth0"), cable, {QStringLiteral("192.168.72.10/24")});
+    QVERIFY2(net.isGood(), qPrintable(net.complaint()));
+    QProcess *program =
+        net.start(unit, QStringLiteral(UNIT_PROGRAM),
+                  {QStringLiteral("--address"), QStringLiteral("192.168.72.10"), QStringLiteral("--adapter"),
+                   QStringLiteral("eth0"), QStringLiteral("--restart-time"), QStringLiteral("300")});
+    QVERIFY2(net.isGood(), qPrintable(net.complaint()));
+    QVERIFY(program->waitForReadyRead(5000));
+    QVERIFY(TestNetwork::enter(panel));
+
+    QUdpSocket socket;
+    QVERIFY(socket.bind(QHostAddress(QStringLiteral("192.168.72.1")), 0));
+    const QByteArray mac = QByteArray::fromHex("0050c2720001");
+    socket.writeDatagram(QByteArray::fromHex("001b8003") + mac + "SET_IPADR"
+                             + QByteArray::fromHex("c0a84814c0a84801"),
+                         QHostAddress::Broadcast, 5002);
+    QVERIFY(socket.waitForReadyRead(2000));
+    QByteArray reply(100, '\0');
+    reply.truncate(static_cast<int>(socket.readDatagram(reply.data(), reply.size())));
+    QCOMPARE(reply.toHex(), QByteArray("0005800306"));
+    socket.writeDatagram(QByteArray::fromHex("000f8004") + mac + "RESET", QHostAddress::Broadcast, 5002);
+    QVERIFY(socket.waitForReadyRead(2000));
+    socket.readDatagram(reply.data(), reply.size());
+
+    // Away first, then there at the new address.
+    socket.writeDatagram(QByteArray::fromHex("000b80004554485f524551"), QHostAddress::Broadcast, 5002);
+    QVERIFY(!socket.waitForReadyRead(150));
+    QHostAddress sender;
+    QElapsedTimer clock;
+    clock.start();
+    while (sender.isNull() && clock.elapsed() < 10000) {
+        socket.writeDatagram(QByteArray::fromHex("000b80004554485f524551"), QHostAddress::Broadcast, 5002);
+        if (socket.waitForReadyRead(300))
+            socket.readDatagram(reply.data(), reply.size(), &sender);
+    }
+    QCOMPARE(sender.toString(), QStringLiteral("192.168.72.20"));
+    RawNetwork link(QStringLiteral("192.168.72.20"));
+    QCOMPARE(link.exchange(requestBody(0x6F)).size(), 6);
+}
+
+int main(int argc, char **argv)
+{
+    TestNetwork::obtainRights(argv);
+    QCoreApplication application(argc, argv);
+    TestProgram test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_program.moc"
