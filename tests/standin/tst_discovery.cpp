@@ -275,13 +275,20 @@ void TestDiscovery::faults_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("first");
-    QTest::newRow("nack") << "nack" << "00 05 81 0b 15";
-    QTest::newRow("silent") << "silent" << "";
-    QTest::newRow("short") << "short" << "00 05";
-    QTest::newRow("length") << "length" << "00 50 81 0b 06";
-    QTest::newRow("answer") << "answer" << "01 02 03";
-    QTest::newRow("late") << "late" << "00 05 81 0b 06";
-    QTest::newRow("split") << "split" << "00 05 81";
+    QTest::newRow("nack") << "nack"
+                          << "00 05 81 0b 15";
+    QTest::newRow("silent") << "silent"
+                            << "";
+    QTest::newRow("short") << "short"
+                           << "00 05";
+    QTest::newRow("length") << "length"
+                            << "00 50 81 0b 06";
+    QTest::newRow("answer") << "answer"
+                            << "01 02 03";
+    QTest::newRow("late") << "late"
+                          << "00 05 81 0b 06";
+    QTest::newRow("split") << "split"
+                           << "00 05 81";
 }
 
 void TestDiscovery::faults()
