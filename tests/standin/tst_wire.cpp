@@ -3,6 +3,7 @@
 #include "tests/support/rawlink.h"
 #include "tests/support/unithost.h"
 
+#include <QRandomGenerator>
 #include <QtTest>
 
 using support::RawNetwork;
@@ -27,6 +28,8 @@ private slots:
     void impossibleLength();
     void bodyLengthThatDisagrees();
     void incompleteFrameIsGivenUp();
+    void randomBytes();
+    void longestFrame();
     void auxModeIsTheBlurRecord();
     void cursorTellsTheColour();
     void cursorTakenAway();
@@ -188,6 +191,33 @@ void TestWire::incompleteFrameIsGivenUp()
     QCOMPARE(hex(link.receive(1500)), QStringLiteral("00 05 02 82 84"));
     link.send(bytes("00 06 03 00 6c 6f"));
     QCOMPARE(link.receive().size(), 12);
+}
+
+void TestWire::randomBytes()
+{
+    UnitHost host;
+    RawNetwork link(host.address());
+    QRandomGenerator random(720);
+    for (int burst = 0; burst < 300; ++burst) {
+        QByteArray noise(1 + random.bounded(40), '\0');
+        for (char &byte : noise)
+            byte = static_cast<char>(random.bounded(256));
+        link.send(noise);
+    }
+    link.receive(1500, 400); // past the time after which remains are given up
+    link.send(bytes("00 06 03 00 6c 6f"));
+    QCOMPARE(hex(link.receive()), QStringLiteral("00 0c 09 00 6c 01 05 02 23 10 2a da"));
+    QVERIFY(host.record().size() > 1);
+}
+
+void TestWire::longestFrame()
+{
+    UnitHost host;
+    RawNetwork link(host.address());
+    const QByteArray payload(252, '\1');
+    const QByteArray reply = link.exchange(requestBody(0xD1, payload));
+    QCOMPARE(hex(reply), hex(requestBody(0xD1, payload)));
+    host.withUnit([](standin::Unit &unit) { QCOMPARE(unit.data(standin::Angle).size(), 2); });
 }
 
 void TestWire::auxModeIsTheBlurRecord()
