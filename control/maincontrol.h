@@ -1,15 +1,16 @@
 #pragma once
 
+#include "device/qkv720state.h"
+
 #include <QObject>
 #include <QSettings>
 #include <QString>
 #include <QStringList>
 #include <QTimer>
 
+class QColor;
 class qkv720;
 struct hlnp_network_info;
-struct qkv720_gmwindow;
-struct video_out;
 
 // A scan stands behind the present device table: decides what deviceConnect stores and whether connectPopup
 // tells the saved connection. autoRun sets it after its scan whatever the scan said.
@@ -21,16 +22,17 @@ extern bool autoConnect;
 // The last user memory, 1 to 8.
 extern uint lastMemory;
 
-// The one object that the interface talks to, published to QML as `mainObject`. It owns the device object,
-// reads and writes the settings file, runs the status poll, and turns each device operation into the signals
-// that the pages listen to.
+// The one object that the interface talks to, published to QML as `mainObject`. It owns the device
+// object, reads and writes the settings file, runs the status poll, and turns each device operation into
+// the signals that the pages listen to.
 //
-// All of it runs on the main thread, and every operation that talks to the unit blocks until the device object
-// is done. Unless told otherwise such an operation returns at once when no link is up, stops the poll, does its
-// work, and starts the poll again if the link still stands, so that a poll never falls due within a period
-// after a user action. "get" reads the unit and tells the interface, "set" sends and tells nothing, "reset" has
-// the unit restore its defaults and tells them. Nothing reports a failure by itself: a lost link shows at the
-// next tick of the poll, and the signals repeat the values that the device object holds.
+// All of it runs on the main thread, and every operation that talks to the unit blocks until the device
+// object is done. Unless told otherwise such an operation returns at once when no link is up, stops the
+// poll, does its work, and starts the poll again if the link still stands, so that a poll never falls due
+// within a period after a user action. "get" reads the unit and tells the interface, "set" sends and
+// tells nothing, "reset" has the unit restore its defaults and tells them. Nothing reports a failure by
+// itself: a lost link shows at the next tick of the poll, and the signals repeat the values that the
+// device object holds.
 class mainControl : public QObject
 {
     Q_OBJECT
@@ -46,13 +48,13 @@ class mainControl : public QObject
     Q_PROPERTY(int currentPage READ getCurrentPage WRITE setCurrentPage NOTIFY currentPageChanged)
 
 public:
-    // Reads the settings file, makes the device object (which lists the adapters) and arms the start-up timer:
-    // autoRun follows 1500 ms later, from the event loop. Opens no link.
+    // Reads the settings file, makes the device object (which lists the adapters) and arms the start-up
+    // timer: autoRun follows 1500 ms later, from the event loop. Opens no link.
     explicit mainControl(QObject *parent = nullptr);
     // Closes both links, whichever is in use, and frees the device object.
     ~mainControl() override;
 
-    // ---- State -------------------------------------------------------------------------------------------------
+    // ---- State ------------------------------------------------------------------------------------------
 
     uint currentConnectMethod = 1; // link of the last good connect: 1 network, 2 serial
     QStringList serialNameList; // as the property was last read
@@ -78,7 +80,7 @@ public:
     QString initPrimDns;
     QString initSecDns;
 
-    // ---- Poll and page -----------------------------------------------------------------------------------------
+    // ---- Poll and page ----------------------------------------------------------------------------------
 
     // The page that the interface shows: 1 input and output, 2 chromakey, 3 post-processor, 4 garbage mask,
     // 5 holdout window, 6 aux lumakey. Page 1 is polled every 1500 ms, any other every 3000 ms.
@@ -88,15 +90,16 @@ public:
     // The device object's belief that a link is up.
     Q_INVOKABLE bool isConnected() const;
 
-    // Scans on the adapter at netcardIndex (2.2 s and more, blocking; 50 s more when replies were left over) and
-    // emits refreshIPSelectList whatever came of it. 1 when the scan was done, else 0. `cmd` is "scan".
+    // Scans on the adapter at netcardIndex (2.2 s and more, blocking; 50 s more when replies were left
+    // over) and emits refreshIPSelectList whatever came of it. 1 when the scan was done, else 0. `cmd` is
+    // "scan".
     Q_INVOKABLE uint hlnpScan(QString cmd, int netcardIndex);
 
-    // Reads the output standard, with or without a link. A lost link shows as `std` ERROR in the result, and the
-    // poll stays stopped then.
+    // Reads the output standard, with or without a link. A lost link shows as `std` ERROR in the result,
+    // and the poll stays stopped then.
     video_out getVOut();
 
-    // ---- Property accessors ------------------------------------------------------------------------------------
+    // ---- Property accessors -----------------------------------------------------------------------------
 
     // Empty shells: reads give "", writes ignore the value and, with a link, emit their notify signal.
     QString vOutResolution() const;
@@ -106,30 +109,33 @@ public:
     QString vOutStd() const;
     void setVOutStd(QString &value);
 
-    // Each read refreshes the list that the connection flows then compare with. Ports are enumerated afresh,
-    // adapters were listed once at start, addresses are those of the last scan.
+    // Each read refreshes the list that the connection flows then compare with. Ports are enumerated
+    // afresh, adapters were listed once at start, addresses are those of the last scan.
     QStringList getSerialNameList();
     QStringList getNetcardList();
     QStringList getIPSelectList();
 
 public slots:
-    // ---- Connection --------------------------------------------------------------------------------------------
+    // ---- Connection -------------------------------------------------------------------------------------
 
     void mainExit(); // empty; nothing calls it
     void initObj(); // puts a new device object in the place of the present one; nothing calls it
     void doPreprocess(); // lists the adapters once more; nothing calls it
 
-    // The automatic connection, once after start: scans and connects when a connection was saved and the unit
-    // still agrees with it, else tells the interface what is amiss and leaves the choice to the operator.
+    // The automatic connection, once after start: scans and connects when a connection was saved and the
+    // unit still agrees with it, else tells the interface what is amiss and leaves the choice to the
+    // operator.
     void autoRun();
 
-    // Tells the saved connection to the interface unless a scan was made. `method` counts from 0 here: 0 network,
-    // 1 serial. With a link up it also becomes the saved method in memory, and `netcard` the chosen adapter.
+    // Tells the saved connection to the interface unless a scan was made. `method` counts from 0 here: 0
+    // network, 1 serial. With a link up it also becomes the saved method in memory, and `netcard` the
+    // chosen adapter.
     void connectPopup(int method, int netcard);
 
-    // Opens link `method` to `select` (address or port name), reads the whole unit, tells every page, stores the
-    // connection and starts the poll. "OK", or the device object's words for the operator; then the poll is
-    // stopped and nothing was stored. selectedNetcardIndex counts for the network link alone.
+    // Opens link `method` to `select` (address or port name), reads the whole unit, tells every page,
+    // stores the connection and starts the poll. "OK", or the device object's words for the operator;
+    // then the poll is stopped and nothing was stored. selectedNetcardIndex counts for the network link
+    // alone.
     QString deviceConnect(uint method, QString select, uint selectedNetcardIndex);
 
     // Stops the poll and closes the link. No signal: the operator asked for it.
@@ -141,9 +147,10 @@ public slots:
     // The device object lost the link: stops the poll and warns, each time anew.
     void warnningConnectionBroken();
 
-    // ---- Poll --------------------------------------------------------------------------------------------------
+    // ---- Poll -------------------------------------------------------------------------------------------
 
-    // One tick: reads the output standard and the input resolutions and tells them; warns when the link is gone.
+    // One tick: reads the output standard and the input resolutions and tells them; warns when the link
+    // is gone.
     void refreshStatus();
 
     // Starts or stops the poll, with or without a link. A tick without a link warns and stops it again.
@@ -152,7 +159,7 @@ public slots:
     // Blocks for `msec` milliseconds.
     void msecSleep(uint msec);
 
-    // ---- Video format and routing ------------------------------------------------------------------------------
+    // ---- Video format and routing -----------------------------------------------------------------------
 
     // The output resolution as read now, 0 without a link.
     int getVideoOutRes();
@@ -170,22 +177,23 @@ public slots:
     // Genlock defaults; blocks 700 ms. Starts the poll with or without a link.
     void resetGenlock();
 
-    // ---- Key colour; the unit counts each of r, g, b from 0 to 1000 --------------------------------------------
+    // ---- Key colour; the unit counts each of r, g, b from 0 to 1000 -------------------------------------
 
     // Reads the colour under the cursor and uses none of its arguments. Nothing calls it.
     void refreshCursor(uint x, uint y, uint r, uint g, uint b, uint h, uint s, uint i, uint autoCK);
-    // Moves the cursor (cursor_control 3, 0 takes it away) and emits refreshBKColorPicker with what it sees.
+    // Moves the cursor (cursor_control 3, 0 takes it away) and emits refreshBKColorPicker with what it
+    // sees.
     void setCursorData(uint cursor_control, uint x, uint y);
     void getBKColor();
-    // Sets the key colour; 999, 999, 999 stands for the colour last picked. autock 0 reads colour, angle and
-    // levels back; 1 AutoDef and 2 AutoBack tell what the unit worked out (seconds).
+    // Sets the key colour; 999, 999, 999 stands for the colour last picked. autock 0 reads colour, angle
+    // and levels back; 1 AutoDef and 2 AutoBack tell what the unit worked out (seconds).
     void setBKColor(uint r, uint g, uint b, uint autock);
     // The same from a colour's text, with its 8-bit numbers sent unscaled and no read-back.
     void setBKColor(QString color, uint autoCK);
     // Resets colour, angle and levels. Reports the colour through refreshBKColorPicker.
     void resetBKColor();
 
-    // ---- Key shaping -------------------------------------------------------------------------------------------
+    // ---- Key shaping ------------------------------------------------------------------------------------
 
     void getCKAngle(); // 0 to 120 each
     void setCKAngle(uint l, uint r);
@@ -215,7 +223,7 @@ public slots:
     // Restores the values of preset spillDefault.
     void resetCKSpillBright(uint spillDefault, bool spiSupEnhance);
 
-    // ---- Post-processing, windows, aux -------------------------------------------------------------------------
+    // ---- Post-processing, windows, aux ------------------------------------------------------------------
 
     void getPPFGPostAmp();
     void setPPFGPostAmp(bool enable, uint bright, uint contrast, uint sat, uint hue);
@@ -242,7 +250,7 @@ public slots:
                     quint16 opacity);
     void resetLumaKey();
 
-    // ---- Memory and setup --------------------------------------------------------------------------------------
+    // ---- Memory and setup -------------------------------------------------------------------------------
 
     // Recalls user memory `index` (0 is the factory reset), reads the whole unit back and tells every page.
     // Blocks for 2600 ms and the exchanges. Remembers the memory, the factory reset as 1.
@@ -252,12 +260,12 @@ public slots:
     // Has the unit keep its setup and tells the output standard.
     void saveSetup();
 
-    // ---- Network settings of the unit --------------------------------------------------------------------------
-    // All stop the poll and leave it stopped. They return "OK" for an ACK and for silence alike, "NACK", or words
-    // for the operator. The mode numbers are those of the form: 0 DHCP, 1 fixed address.
+    // ---- Network settings of the unit -------------------------------------------------------------------
+    // All stop the poll and leave it stopped. They return "OK" for an ACK and for silence alike, "NACK",
+    // or words for the operator. The mode numbers are those of the form: 0 DHCP, 1 fixed address.
 
-    // The whole form: checks it, stores it, and sends the unit what differs from row ipSelectIndex of the last
-    // scan. The last command alone decides the result. Marks fields by markHLNPDataRed.
+    // The whole form: checks it, stores it, and sends the unit what differs from row ipSelectIndex of the
+    // last scan. The last command alone decides the result. Marks fields by markHLNPDataRed.
     QString hlnpSave(QString currentNetcardIP, QString currentNetcardText, int ipSelectIndex, QString macAdd,
                      QString name, int mode, QString ipaddr, QString mask, QString gateway, QString priDns,
                      QString secDns);
@@ -288,8 +296,9 @@ signals:
     void refreshConnection(int method, QString serialport, QString netcard, bool dhcpMode, QString ipaddr,
                            QString hostname, QString macaddr, QString gateway, QString mask, QString primDns,
                            QString secDns);
-    // One unit's network data: 999, adapter text or "na", DHCP flag, host name, address, MAC, gateway, netmask,
-    // primary and secondary DNS. Host name and address stand the other way round than in refreshConnection.
+    // One unit's network data: 999, adapter text or "na", DHCP flag, host name, address, MAC, gateway,
+    // netmask, primary and secondary DNS. Host name and address stand the other way round than in
+    // refreshConnection.
     void refreshConnectionData(int test, QString test1, bool test0, QString test2, QString test3,
                                QString test4, QString test5, QString test6, QString test7, QString test8);
     void vOutChanged();
@@ -346,7 +355,8 @@ private:
     class PollPause;
     struct NetworkForm;
     struct SaveOutcome;
-    struct ScreenColor;
+    // How one of the two colour signals is told: the colour for drawing and the numbers beside it.
+    using ColorSignal = void (mainControl::*)(QString, int, int, int, int, qreal, qreal);
 
     void readSettings();
     void setPollInterval();
@@ -355,10 +365,12 @@ private:
     void autoRunNetwork();
     void autoRunSerial();
     bool findSavedNetcard();
-    bool connectToSavedUnit();
+    bool findSavedUnit();
+    bool agreesWithSaved(const hlnp_network_info &found) const;
     void markDifferences(const hlnp_network_info &found);
     void storeConnection(uint method, const QString &select, uint selectedNetcardIndex);
-    void storeFoundUnit(const hlnp_network_info &unit, uint method, uint selectedNetcardIndex);
+    void storeFoundUnit(const hlnp_network_info &unit);
+    void tellWholeUnit();
 
     // The unit at `index` of the last scan; an empty record for an index outside the table.
     const hlnp_network_info &foundUnit(int index) const;
@@ -366,6 +378,7 @@ private:
     void storeForm(const NetworkForm &form, const QString &netcardText);
     void saveFixedAddress(const NetworkForm &form, const hlnp_network_info &before, SaveOutcome &outcome);
     void saveDhcp(const NetworkForm &form, const hlnp_network_info &before, SaveOutcome &outcome);
+    // Files the result of one command of a save; mark 0 is none.
     void settle(SaveOutcome &outcome, const QString &result, int mark);
     void storeSetting(const QString &key, const QVariant &value);
 
@@ -378,8 +391,8 @@ private:
     void tellInputSource();
     void tellInputFreeze();
     void tellGenlock();
-    void tellBKColorAdjust(const ScreenColor &color);
-    void tellBKColorPicker();
+    void tellColor(ColorSignal told, const QColor &drawn, int r, int g, int b);
+    void tellPickedColor();
     void tellCKAngle();
     void tellCKBWLevel();
     void tellCKDark();
@@ -387,8 +400,10 @@ private:
     void tellCKShadow();
     void tellEdgeFix();
     void tellCKSpill();
-    void tellWindow(const qkv720_gmwindow &window);
-    void tellHoldoutWindow(const qkv720_gmwindow &window);
+    void tellWindow();
+    void tellHoldoutWindow();
+    void tellPPFGPostAmp();
+    void tellPPFGRGBCorrector();
     void tellAuxMode();
     void tellBGBlur();
     void tellLumaKey();

@@ -1,0 +1,88 @@
+#include "control/maincontrol.h"
+#include "control/pollpause.h"
+
+#include <QDebug>
+#include <QThread>
+
+namespace {
+
+constexpr unsigned long kAfterRecallMs = 500;
+
+struct RecallStep
+{
+    void (mainControl::*get)();
+    unsigned long sleepMs;
+};
+
+// What a recall reads back, with the pause that the unit is given after each. The holdout window comes before
+// the luma key here; a connect reads them the other way round. The aux mode is not read.
+constexpr RecallStep kRecallSteps[] = {
+    {&mainControl::getBKColor, 100},       {&mainControl::getCKAngle, 100},
+    {&mainControl::getCKBWLevel, 100},     {&mainControl::getCKDark, 100},
+    {&mainControl::getCKBright, 100},      {&mainControl::getEdgeFix, 100},
+    {&mainControl::getCKShadow, 100},      {&mainControl::getCKSpillBright, 100},
+    {&mainControl::getPPFGPostAmp, 500},   {&mainControl::getPPFGRGBCorrect, 100},
+    {&mainControl::getBGBlur, 100},        {&mainControl::getWindow, 200},
+    {&mainControl::getHoldoutWindow, 200}, {&mainControl::getLumaKey, 200},
+};
+
+} // namespace
+
+void mainControl::rememberMemory(uint index)
+{
+    initSettings->beginGroup(QStringLiteral("last_info"));
+    lastMemory = index;
+    initSettings->setValue(QStringLiteral("memory"), lastMemory);
+    initSettings->endGroup();
+    initSettings->sync();
+}
+
+void mainControl::loadMemory(uint index)
+{
+    PollPause pause(*this);
+    if (!pause)
+        return;
+    qkv720Obj->loadMemory(currentConnectMethod, index);
+    QThread::msleep(kAfterRecallMs);
+    const video_out vv = getVOut();
+    qDebug() << "ShowVout (loadMemory)" << vv.res << vv.colorspace << vv.std;
+    tellVOut();
+    tellOutputs();
+    tellInputResolution();
+    tellInputSource();
+    tellInputFreeze();
+    tellGenlock();
+
+    // A link that dies on the way silences the rest, but the pauses run and the memory is remembered.
+    for (const RecallStep &step : kRecallSteps) {
+        (this->*step.get)();
+        QThread::msleep(step.sleepMs);
+    }
+
+    qDebug() << "Load memory. Set last = " << index;
+    // The factory reset has no entry of its own and is remembered as memory 1.
+    rememberMemory(index == 0 ? 1 : index);
+    setPollInterval();
+}
+
+void mainControl::saveMemory(uint index)
+{
+    PollPause pause(*this);
+    if (!pause)
+        return;
+    qDebug() << "Save memory. Set last = " << index;
+    // Remembered before the unit is told, and so also when the command then fails.
+    rememberMemory(index);
+    qkv720Obj->saveMemory(currentConnectMethod, index);
+}
+
+void mainControl::saveSetup()
+{
+    PollPause pause(*this);
+    if (!pause)
+        return;
+    qkv720Obj->saveSetup(currentConnectMethod);
+    const video_out vv = getVOut();
+    qDebug() << "ShowVout(saveSetup)" << vv.res << vv.colorspace << vv.std;
+    tellVOut();
+}
