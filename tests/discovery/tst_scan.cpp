@@ -1,0 +1,525 @@
+#include "datagrams.h"
+#include "device/qkv720.h"
+#include "devices.h"
+#include "discovery/hlnp.h"
+#include "discovery/hlnpstate.h"
+#include "tests/support/testnetwork.h"
+#include "tests/support/unithost.h"
+
+#include <QElapsedTimer>
+#include <QtTest>
+
+// Scans over real broadcasts, in a network of the test's own: the panel on one host, devices on others.
+
+namespace {
+
+constexpr int kEthReq = 0x00;
+constexpr int kGetModel = 0x40;
+
+QString address(int last)
+{
+    return QStringLiteral("192.168.72.%1").arg(last);
+}
+
+struct Device
+{
+    DeviceRecord record;
+    QByteArray identifiers = "05881501"; // empty: silent when asked
+};
+
+QStringList addressesOf(const QVector<Device> &devices)
+{
+    QStringList all;
+    for (const Device &device : devices)
+        all.append(device.record.ip);
+    return all;
+}
+
+// Devices that behave.
+Devices::Answer wellBehaved(const QVector<Device> &devices)
+{
+    return [devices](Devices &, const Devices::Request &request) {
+        for (const Device &device : devices) {
+            if (Devices::codeOf(request) == kEthReq)
+                Devices::send(request, device.record.ip, device.record.datagram());
+            else if (Devices::codeOf(request) == kGetModel && request.bytes.mid(4, 6) == device.record.mac
+                     && !device.identifiers.isEmpty())
+                Devices::send(request, device.record.ip, modelReply(device.identifiers.constData()));
+        }
+    };
+}
+
+QVector<Device> numbered(const QList<int> &lasts)
+{
+    QVector<Device> devices;
+    for (const int last : lasts)
+        devices.append({numberedRecord(last, address(last)), "05881501"});
+    return devices;
+}
+
+// As the panel does it on the operator's press of the button.
+uint scan(qkv720 &panel, int adapter = 0)
+{
+    const uint result = panel.HLNPScan(QStringLiteral("scan"), adapter);
+    QThread::msleep(500);
+    panel.HLNPGetModel();
+    panel.HLNPDoScanDone();
+    return result;
+}
+
+QUdpSocket *socketOf(const qkv720 &panel)
+{
+    return panel.hlnpObj->findChild<QUdpSocket *>();
+}
+
+} // namespace
+
+class TestScan : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void unitsAreFoundAndSorted();
+    void requestsOnTheWire();
+    void nobodyAnswers();
+    void twelveAtOnceStallTheScanAndAreAllFound();
+    void aLateReplyLeavesTheScanUndone();
+    void theShorterAddressTakesTheIdentifiersOfTheLonger();
+    void theLastOfTwoMatchingAdaptersIsBound_data();
+    void theLastOfTwoMatchingAdaptersIsBound();
+    void theOnlyAdapterIsMeantWhateverItsAddress();
+    void aRebindDropsWhatWasQueued();
+    void answersFromAnotherPortAndTwice();
+    void aUnitThatComesLateIsAskedInTheSameScan();
+    void twoRowsOfOneAddressAskTheLaterMac();
+    void aUnitThatKeepsItsIdentifiersIsNotListed();
+    void theNextScanForgetsTheLast();
+    void anAdapterThatIsGone();
+    void aModelNameIsAskedByTheDormantPath();
+
+private:
+    std::unique_ptr<Devices> switchOn(const QVector<Device> &devices, Devices::Answer answer = nullptr);
+    std::unique_ptr<support::UnitHost> unitAt(int last, int product = 0x1501);
+
+    std::unique_ptr<support::TestNetwork> net;
+    QString panelHost;
+    QString farHost;
+    QString cable;
+};
+
+void TestScan::init()
+{
+    net = std::make_unique<support::TestNetwork>();
+    panelHost = net->addHost();
+    farHost = net->addHost();
+    cable = net->addSwitch();
+    net->plug(panelHost, QStringLiteral("eth0"), cable, {address(1) + QStringLiteral("/24")});
+    QVERIFY2(net->isGood(), qPrintable(net->complaint()));
+    QVERIFY(support::TestNetwork::enter(panelHost));
+}
+
+void TestScan::cleanup()
+{
+    net.reset();
+}
+
+std::unique_ptr<Devices> TestScan::switchOn(const QVector<Device> &devices, Devices::Answer answer)
+{
+    QStringList withMasks;
+    for (const QString &own : addressesOf(devices))
+        withMasks.append(own + QStringLiteral("/24"));
+    withMasks.removeDuplicates();
+    net->plug(farHost, QStringLiteral("eth0"), cable, withMasks);
+    QStringList addresses = addressesOf(devices);
+    addresses.removeDuplicates();
+    return std::make_unique<Devices>(farHost, addresses, answer ? std::move(answer) : wellBehaved(devices));
+}
+
+std::unique_ptr<support::UnitHost> TestScan::unitAt(int last, int product)
+{
+    const QString host = net->addHost();
+    net->plug(host, QStringLiteral("eth0"), cable, {address(last) + QStringLiteral("/24")});
+    support::UnitHost::Options options;
+    options.address = address(last);
+    options.netNamespace = host;
+    options.network = false;
+    options.discovery = true;
+    options.broadcasts = true;
+    auto unit = std::make_unique<support::UnitHost>(options);
+    unit->withNetwork([last, product](standin::NetworkSettings &settings) {
+        settings.mac = numberedMac(last);
+        settings.name = QStringLiteral("UNIT-%1").arg(last);
+        settings.dhcp = last > 50;
+        settings.product = product;
+    });
+    return unit;
+}
+
+void TestScan::unitsAreFoundAndSorted()
+{
+    const auto high = unitAt(200);
+    const auto low = unitAt(7);
+    const auto middle = unitAt(30);
+    const auto foreign = unitAt(20, 0x1502);
+    QVERIFY2(net->isGood(), qPrintable(net->complaint()));
+    qkv720 panel;
+    QCOMPARE(panel.getHLNPNetcardList(), QStringList{QStringLiteral("[192.168.72.1] eth0")});
+
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(scan(panel), 1U);
+    // The answers to the scan, and 100 ms more for each collection that found but one: 0.5 + 0.7 + 0.1 + 0.5 s
+    // and 1.1 s a device.
+    QVERIFY(clock.elapsed() >= 1800 + 4 * 1100 - 100);
+    QVERIFY(clock.elapsed() < 1800 + 4 * 1100 + 1000);
+
+    const QStringList expected = {address(7), address(30), address(200)};
+    QCOMPARE(panel.getHLNPDeviceList(), expected);
+    QCOMPARE(panel.hlnpObj->deviceCount, 4);
+    QCOMPARE(panel.hlnpObj->thisNetwork, address(1));
+    QCOMPARE(udpsocketBindAddress, QHostAddress(address(1)));
+    QCOMPARE(sameNetwork, QStringLiteral("192.168.72."));
+    const hlnp_network_info &last = panel.hlnpObj->qkvDevice[2].zcm.hlnpnetwork;
+    QCOMPARE(last.name, QStringLiteral("UNIT-200"));
+    QCOMPARE(last.macadd, QStringLiteral("02:5C:A7:10:00:C8"));
+    QCOMPARE(last.isdhcp, true);
+    QCOMPARE(last.maskadd, QStringLiteral("255.255.255.0"));
+    QCOMPARE(last.vid + last.pid, QStringLiteral("05881501"));
+    QCOMPARE(panel.hlnpObj->qkvDevice[0].zcm.hlnpnetwork.isdhcp, false);
+    QVERIFY(panel.hlnpObj->qkvDevice[3].zcm.hlnpnetwork.ipadd.isEmpty());
+}
+
+void TestScan::requestsOnTheWire()
+{
+    const auto devices = switchOn(numbered({10, 11}));
+    QVERIFY(devices->isGood());
+    qkv720 panel;
+    QCOMPARE(scan(panel), 1U);
+    const auto requests = devices->requests();
+    QCOMPARE(requests.size(), 3);
+    QCOMPARE(requests.at(0).bytes,
+             QByteArray::fromHex("000b8000"
+                                 "4554485f524551"));
+    QCOMPARE(requests.at(1).bytes, QByteArray::fromHex("00138040025ca710000a") + "GET_MODEL");
+    QCOMPARE(requests.at(2).bytes, QByteArray::fromHex("00138040025ca710000b") + "GET_MODEL");
+    for (const Devices::Request &request : requests) {
+        QCOMPARE(request.to, QStringLiteral("broadcast"));
+        QCOMPARE(request.from, address(1));
+        QCOMPARE(request.fromPort, socketOf(panel)->localPort());
+        QVERIFY(request.fromPort != 5002);
+    }
+    // 0.5 s and nine empty reads, 0.1 s, 0.5 s; then ten empty reads and 0.1 s between one model and the next.
+    QVERIFY(requests.at(1).at - requests.at(0).at >= 500 + 900 + 100 + 500 - 2);
+    QVERIFY(requests.at(2).at - requests.at(1).at >= 1000 + 100 - 2);
+}
+
+void TestScan::nobodyAnswers()
+{
+    const auto devices = switchOn(numbered({10}), [](Devices &, const Devices::Request &) {});
+    qkv720 panel;
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(scan(panel), 1U);
+    QVERIFY(clock.elapsed() >= 2200);
+    QVERIFY(clock.elapsed() < 2800);
+    QCOMPARE(devices->requests().size(), 1);
+    QCOMPARE(panel.hlnpObj->deviceCount, 0);
+    QVERIFY(panel.getHLNPDeviceList().isEmpty());
+}
+
+void TestScan::twelveAtOnceStallTheScanAndAreAllFound()
+{
+    QVector<Device> twelve = numbered({21, 22, 23, 24, 25, 26, 27, 28, 29, 30, 31, 32});
+    twelve[0].identifiers = "05881502";
+    twelve[6].identifiers = "05871501";
+    twelve[11].identifiers = "01010101";
+    const auto devices = switchOn(twelve);
+    qkv720 panel;
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(panel.HLNPScan(QStringLiteral("scan"), 0), 0U);
+    QVERIFY(clock.elapsed() >= 500 + 100 + 50000);
+    QVERIFY(clock.elapsed() < 53000);
+    QCOMPARE(panel.hlnpObj->deviceCount, 11);
+    panel.HLNPGetModel();
+    panel.HLNPDoScanDone();
+    QCOMPARE(panel.hlnpObj->deviceCount, 12);
+    QCOMPARE(devices->requests(kGetModel).size(), 12);
+    const QStringList expected = {address(22), address(23), address(24), address(25), address(26),
+                                  address(28), address(29), address(30), address(31)};
+    QCOMPARE(panel.getHLNPDeviceList(), expected);
+    QCOMPARE(panel.hlnpObj->scanDone, true); // that of the last collection
+}
+
+// The answer goes out when the eleventh read has just found nothing.
+static std::function<void()> onEleventhRead;
+
+static void countReads(const QString &line)
+{
+    static int reads = 0;
+    if (line.startsWith(QLatin1String("processDatagrams Begin:")))
+        reads = 0;
+    if (line.startsWith(QLatin1String("processDatagrams() Read length :")) && ++reads == 11 && onEleventhRead)
+        std::exchange(onEleventhRead, nullptr)();
+}
+
+void TestScan::aLateReplyLeavesTheScanUndone()
+{
+    const auto devices = switchOn(numbered({10}), [](Devices &, const Devices::Request &) {});
+    const LogCapture log;
+    LogCapture::onLine() = countReads;
+    onEleventhRead = [&devices] {
+        devices->sendUnasked(devices->requests().constFirst(), address(10),
+                             numberedRecord(10, address(10)).datagram());
+    };
+    HLNP hlnp;
+    hlnp.hLNPpreScanProcess();
+    hlnp.scanSlot(QStringLiteral("scan"), 0);
+    QCOMPARE(hlnp.scanDone, false);
+    QCOMPARE(hlnp.deviceCount, 0);
+    hlnp.processDatagrams();
+    QCOMPARE(hlnp.deviceCount, 1);
+    QCOMPARE(hlnp.scanDone, true);
+}
+
+void TestScan::theShorterAddressTakesTheIdentifiersOfTheLonger()
+{
+    QVector<Device> both = numbered({10, 100});
+    both[0].identifiers = "01020304";
+    const auto devices = switchOn(both);
+    qkv720 panel;
+    QCOMPARE(scan(panel), 1U);
+    QCOMPARE(panel.hlnpObj->allHlnpDevice[0].zcm.hlnpnetwork.pid, QStringLiteral("1501"));
+    QCOMPARE(panel.getHLNPDeviceList(), (QStringList{address(10), address(100)}));
+}
+
+void TestScan::theLastOfTwoMatchingAdaptersIsBound_data()
+{
+    QTest::addColumn<int>("first");
+    QTest::addColumn<int>("second");
+    QTest::addColumn<int>("chosen");
+    QTest::addColumn<int>("bound");
+    QTest::newRow("short first, long chosen") << 2 << 20 << 20 << 20;
+    QTest::newRow("short first, short chosen") << 2 << 20 << 2 << 2;
+    QTest::newRow("long first, long chosen") << 20 << 2 << 20 << 2;
+    QTest::newRow("long first, short chosen") << 20 << 2 << 2 << 2;
+}
+
+void TestScan::theLastOfTwoMatchingAdaptersIsBound()
+{
+    QFETCH(int, first);
+    QFETCH(int, second);
+    QFETCH(int, chosen);
+    QFETCH(int, bound);
+    const QString base = QStringLiteral("192.168.1.%1");
+    const QString other = net->addSwitch();
+    const QString otherHost = net->addHost();
+    net->removeAdapter(panelHost, QStringLiteral("eth0"));
+    net->plug(panelHost, QStringLiteral("lan0"), cable, {base.arg(first) + QStringLiteral("/24")});
+    net->plug(panelHost, QStringLiteral("lan1"), other, {base.arg(second) + QStringLiteral("/24")});
+    net->plug(farHost, QStringLiteral("eth0"), cable, {base.arg(100 + first) + QStringLiteral("/24")});
+    net->plug(otherHost, QStringLiteral("eth0"), other, {base.arg(100 + second) + QStringLiteral("/24")});
+    QVERIFY2(net->isGood(), qPrintable(net->complaint()));
+    QVERIFY(support::TestNetwork::enter(panelHost));
+    const Devices near(farHost, {base.arg(100 + first)}, nullptr);
+    const Devices far(otherHost, {base.arg(100 + second)}, nullptr);
+    QVERIFY(near.isGood() && far.isGood());
+
+    HLNP hlnp;
+    hlnp.hLNPpreScanProcess();
+    const QStringList lines = hlnp.netcardModels();
+    QCOMPARE(lines,
+             (QStringList{QStringLiteral("[%1] lan0").arg(base.arg(first)),
+                          QStringLiteral("[%1] lan1").arg(base.arg(second))}));
+    const LogCapture log;
+    hlnp.scanSlot(QStringLiteral("scan"), chosen == first ? 0 : 1);
+    QCOMPARE(LogCapture::count(QStringLiteral("BroadCast bind IP:")), chosen == 20 ? 2 : 1);
+    QCOMPARE(hlnp.thisNetwork, base.arg(bound));
+    QCOMPARE(hlnp.findChild<QUdpSocket *>()->localAddress(), QHostAddress(base.arg(bound)));
+    QCOMPARE(near.requests(kEthReq).size(), bound == first ? 1 : 0);
+    QCOMPARE(far.requests(kEthReq).size(), bound == second ? 1 : 0);
+}
+
+void TestScan::theOnlyAdapterIsMeantWhateverItsAddress()
+{
+    const auto devices = switchOn(numbered({10}));
+    qkv720 panel;
+    QCOMPARE(panel.getHLNPNetcardList().size(), 1);
+    net->ip(panelHost,
+            {QStringLiteral("addr"), QStringLiteral("add"), QStringLiteral("192.168.72.77/24"),
+             QStringLiteral("dev"), QStringLiteral("eth0")});
+    QVERIFY2(net->isGood(), qPrintable(net->complaint()));
+    panel.HLNPScan(QStringLiteral("scan"), 0);
+    QCOMPARE(panel.hlnpObj->thisNetwork, address(77)); // the last address of the walk, not the listed one
+    QCOMPARE(devices->requests(kEthReq).first().from, address(77));
+}
+
+void TestScan::aRebindDropsWhatWasQueued()
+{
+    const auto devices = switchOn(numbered({10, 11}), [](Devices &, const Devices::Request &request) {
+        if (Devices::codeOf(request) == kEthReq)
+            Devices::send(request, address(10), numberedRecord(10, address(10)).datagram());
+    });
+    qkv720 panel;
+    panel.HLNPScan(QStringLiteral("scan"), 0);
+    const Devices::Request first = devices->requests().constFirst();
+    devices->sendUnasked(first, address(11), numberedRecord(11, address(11)).datagram());
+    QTRY_VERIFY(socketOf(panel)->hasPendingDatagrams());
+    panel.HLNPScan(QStringLiteral("scan"), 0);
+    QCOMPARE(panel.hlnpObj->deviceCount, 1);
+    QCOMPARE(panel.hlnpObj->allHlnpDevice[0].zcm.hlnpnetwork.ipadd, address(10));
+    QVERIFY(devices->requests().constLast().fromPort != first.fromPort);
+}
+
+void TestScan::answersFromAnotherPortAndTwice()
+{
+    const auto devices = switchOn(numbered({10, 11}), [](Devices &, const Devices::Request &request) {
+        if (Devices::codeOf(request) == kEthReq) {
+            Devices::send(request, address(10), numberedRecord(10, address(10)).datagram(), 6001);
+            Devices::send(request, address(11), numberedRecord(11, address(11)).datagram());
+            Devices::send(request, address(11), numberedRecord(11, address(11)).datagram());
+            Devices::send(request, address(11),
+                          numberedRecord(12, address(12)).datagram() + QByteArray(4, 'x'));
+        } else {
+            Devices::send(request, address(request.bytes.at(9)), modelReply(), 6002);
+        }
+    });
+    qkv720 panel;
+    QCOMPARE(scan(panel), 1U);
+    QCOMPARE(debugScanDeviceCount, 3);
+    QCOMPARE(panel.hlnpObj->deviceCount, 2);
+    QCOMPARE(panel.getHLNPDeviceList(), (QStringList{address(10), address(11)}));
+}
+
+void TestScan::aUnitThatComesLateIsAskedInTheSameScan()
+{
+    const auto devices = switchOn(numbered({10, 11}), [](Devices &, const Devices::Request &request) {
+        if (Devices::codeOf(request) == kEthReq) {
+            Devices::send(request, address(10), numberedRecord(10, address(10)).datagram());
+            return;
+        }
+        if (request.bytes.at(9) == 10)
+            Devices::send(request, address(11), numberedRecord(11, address(11)).datagram());
+        Devices::send(request, address(request.bytes.at(9)), modelReply());
+    });
+    qkv720 panel;
+    QCOMPARE(scan(panel), 1U);
+    QCOMPARE(devices->requests(kGetModel).size(), 2);
+    QCOMPARE(panel.getHLNPDeviceList(), (QStringList{address(10), address(11)}));
+}
+
+void TestScan::twoRowsOfOneAddressAskTheLaterMac()
+{
+    QVector<Device> twins = {{numberedRecord(1, address(10)), "05881501"},
+                             {numberedRecord(2, address(10)), ""}};
+    const auto devices = switchOn(twins);
+    qkv720 panel;
+    scan(panel);
+    const auto requests = devices->requests(kGetModel);
+    QCOMPARE(requests.size(), 2);
+    QCOMPARE(requests.at(0).bytes.mid(4, 6), numberedMac(2));
+    QCOMPARE(requests.at(1).bytes.mid(4, 6), numberedMac(2));
+    QVERIFY(panel.getHLNPDeviceList().isEmpty());
+
+    // An address outside the table means the first row; a row whose MAC is not six groups is not asked.
+    panel.hlnpObj->getModel(QStringLiteral("10.0.0.1"));
+    QTRY_COMPARE(devices->requests(kGetModel).size(), 3);
+    QCOMPARE(devices->requests(kGetModel).last().bytes.mid(4, 6),
+             QByteArray::fromHex(
+                 panel.hlnpObj->allHlnpDevice[0].zcm.hlnpnetwork.macadd.toLatin1().replace(":", "")));
+    panel.hlnpObj->allHlnpDevice[0].zcm.hlnpnetwork.macadd = QStringLiteral("1:2:3:4:5");
+    QElapsedTimer clock;
+    clock.start();
+    panel.hlnpObj->getModel(QStringLiteral("10.0.0.1"));
+    QVERIFY(clock.elapsed() < 50);
+    QTest::qWait(100);
+    QCOMPARE(devices->requests(kGetModel).size(), 3);
+}
+
+void TestScan::aUnitThatKeepsItsIdentifiersIsNotListed()
+{
+    QVector<Device> three = numbered({10, 11, 12});
+    three[0].identifiers.clear();
+    const Devices::Answer ordinary = wellBehaved(three);
+    const auto devices = switchOn(three, [&ordinary](Devices &all, const Devices::Request &request) {
+        if (Devices::codeOf(request) == kGetModel && request.bytes.mid(4, 6) == numberedMac(11))
+            Devices::send(request, address(11), acknowledgement(0x40, 0x15));
+        else
+            ordinary(all, request);
+    });
+    qkv720 panel;
+    QCOMPARE(scan(panel), 1U);
+    QCOMPARE(devices->requests(kGetModel).size(), 3); // nobody is asked twice
+    QCOMPARE(panel.hlnpObj->deviceCount, 3);
+    QCOMPARE(panel.getHLNPDeviceList(), QStringList{address(12)});
+}
+
+void TestScan::theNextScanForgetsTheLast()
+{
+    auto devices = switchOn(numbered({10, 11}));
+    qkv720 panel;
+    scan(panel);
+    QCOMPARE(panel.getHLNPDeviceList().size(), 2);
+    panel.hlnpObj->allHlnpDevice[1].zcm.hlnpnetwork.fwver = QStringLiteral("17");
+    devices.reset();
+    scan(panel);
+    QVERIFY(panel.getHLNPDeviceList().isEmpty());
+    QCOMPARE(panel.hlnpObj->deviceCount, 0);
+    for (int i = 0; i < 2; ++i) {
+        const hlnp_network_info &all = panel.hlnpObj->allHlnpDevice[i].zcm.hlnpnetwork;
+        const hlnp_network_info &unit = panel.hlnpObj->qkvDevice[i].zcm.hlnpnetwork;
+        for (const hlnp_network_info &network : {all, unit}) {
+            QVERIFY(network.ipadd.isEmpty() && network.macadd.isEmpty() && network.name.isEmpty());
+            QVERIFY(network.vid.isEmpty() && network.pid.isEmpty() && network.gatewayadd.isEmpty());
+        }
+    }
+    QCOMPARE(panel.hlnpObj->allHlnpDevice[1].zcm.hlnpnetwork.fwver, QStringLiteral("17"));
+}
+
+void TestScan::anAdapterThatIsGone()
+{
+    qkv720 panel;
+    QCOMPARE(panel.getHLNPNetcardList().size(), 1);
+    QVERIFY(net->removeAdapter(panelHost, QStringLiteral("eth0")));
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(scan(panel), 1U); // it runs all the same, and finds nobody
+    QVERIFY(clock.elapsed() >= 2200);
+    QVERIFY(panel.getHLNPDeviceList().isEmpty());
+    QVERIFY(panel.hlnpObj->thisNetwork.isEmpty());
+}
+
+void TestScan::aModelNameIsAskedByTheDormantPath()
+{
+    const auto unit = unitAt(10);
+    const auto other = unitAt(11);
+    const auto devices = switchOn(numbered({12}), [](Devices &, const Devices::Request &) {});
+    HLNP hlnp;
+    hlnp.hLNPpreScanProcess();
+    hlnp.scanSlot(QStringLiteral("scan"), 0);
+    QCOMPARE(hlnp.deviceCount, 2);
+    hlnp.getModelName(hlnp.allHlnpDevice[1].zcm.hlnpnetwork.ipadd);
+    QCOMPARE(currentSelect, 1);
+    QCOMPARE(hlnp.allHlnpDevice[1].zcm.hlnpnetwork.modelname, QStringLiteral("QKV-720"));
+    QVERIFY(hlnp.allHlnpDevice[0].zcm.hlnpnetwork.modelname.isEmpty());
+    const QByteArray request = devices->requests(0x41).first().bytes;
+    QCOMPARE(request.left(4), QByteArray::fromHex("00188041"));
+    QCOMPARE(request.mid(10), QByteArray("GET_MODEL_NAME"));
+    currentSelect = 0;
+
+    hlnp.onGetDeviceModel(); // asks both, and lists them by itself
+    QCOMPARE(hlnp.qkvDeviceList(), (QStringList{address(10), address(11)}));
+}
+
+int main(int argc, char **argv)
+{
+    support::TestNetwork::obtainRights(argv);
+    QCoreApplication application(argc, argv);
+    TestScan test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_scan.moc"
