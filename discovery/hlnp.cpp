@@ -18,6 +18,16 @@ constexpr int kModelTimerMs = 3000;
 constexpr int kModelNameTimerMs = 2000;
 constexpr int kModelVersionTimerMs = 2000;
 
+// After a write that failed, the toolkit closes a UDP socket at the next wait that ends by its time. The discovery
+// socket stays bound as long as the program runs: the exchange that failed keeps its full length, and the ones
+// after it still hear their units.
+class LastingSocket : public QUdpSocket
+{
+public:
+    using QUdpSocket::QUdpSocket;
+    void close() override { }
+};
+
 QTimer *makeSingleShot(QObject *parent, int intervalMs)
 {
     auto *timer = new QTimer(parent);
@@ -38,7 +48,7 @@ HLNP::HLNP(QObject *parent)
 
     // Set here, on the unbound socket. Set after a bind, a buffer this small would lose datagrams of a crowd.
     // readyRead stays unconnected: every read is a synchronous poll.
-    udpSocket = new QUdpSocket(this);
+    udpSocket = new LastingSocket(this);
     udpSocket->setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, kReceiveBufferBytes);
 
     getModelTimer = makeSingleShot(this, kModelTimerMs);
@@ -51,7 +61,7 @@ HLNP::HLNP(QObject *parent)
 
 HLNP::~HLNP()
 {
-    udpSocket->close();
+    udpSocket->QUdpSocket::close();
     qDebug() << "Socket Closed before APP closed.";
 }
 

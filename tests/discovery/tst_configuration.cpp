@@ -6,6 +6,7 @@
 #include <QtTest>
 
 #include <functional>
+#include <thread>
 
 // The commands that go to one address, on loopback: the unit is a socket whose answer waits before the request
 // is sent, and whose request is read afterwards. The three broadcast commands need a network of their own.
@@ -33,6 +34,7 @@ private slots:
     void hostNames();
     void oddNumbers();
     void aWriteThatFails();
+    void aFailedWriteLeavesTheNextExchangeItsEars();
     void anyDatagramOfTheTargetDecides();
     void anAnswerFromElsewhereIsIgnored();
     void aSecondAnswerDecidesAfterAnUnclearOne();
@@ -273,6 +275,26 @@ void TestConfiguration::aWriteThatFails()
     QCOMPARE(setPrimDns(*hlnp, outside, address), text);
     QCOMPARE(setSecDns(*hlnp, outside, address), text);
     QVERIFY(clock.elapsed() < 500);
+}
+
+void TestConfiguration::aFailedWriteLeavesTheNextExchangeItsEars()
+{
+    QVERIFY(setNetmask(*hlnp, QStringLiteral("192.0.2.1"), QStringLiteral("1.2.3.4"))
+            != QStringLiteral("OK"));
+    const auto *socket = hlnp->findChild<QUdpSocket *>();
+    const QHostAddress panel = socket->localAddress();
+    const quint16 port = socket->localPort();
+    std::thread late([this, panel, port] {
+        QThread::msleep(2500); // in the third try
+        unit->writeDatagram(acknowledgement(0x0B, 0x15), panel, port);
+    });
+    QElapsedTimer clock;
+    clock.start();
+    const QString result = setNetmask(*hlnp, target, QStringLiteral("1.2.3.4"));
+    late.join();
+    QCOMPARE(result, QStringLiteral("NACK"));
+    QVERIFY(clock.elapsed() >= 2500 && clock.elapsed() < 3200);
+    QCOMPARE(socket->localPort(), port);
 }
 
 void TestConfiguration::anyDatagramOfTheTargetDecides()
