@@ -165,9 +165,9 @@ def pen(state, scale=1):
     draw.translate(18, 18)
     draw.rotate(math.pi / 4)
     # Upright, tip down: bulb, collar, then the glass in outline.
-    canvas.rounded(-3, -13.5, 6, 9.7, 3)
+    canvas.rounded(-3, -13.5, 6, 8, 3)
     canvas.fill(colour)
-    canvas.rounded(-5.6, -6.1, 11.2, 2.6, 1.3)
+    canvas.rounded(-5.55, -6.5, 11.1, 3, 1.3)
     canvas.fill(colour)
     canvas.line(((-2.6, -3), (-2.6, 6.2), (0, 11.5), (2.6, 6.2), (2.6, -3)), colour, 1.8, BUTT)
     return canvas
@@ -183,7 +183,7 @@ def alert(scale=1):
     canvas = Canvas(24, 24, scale)
     canvas.line(((12, 3), (21.75, 20.1), (2.25, 20.1)), ATTENTION, 2, closed=True)
     canvas.line(((12, 10), (12, 14)), ATTENTION, 2)
-    canvas.disc(12, 17.2, 1, ATTENTION)
+    canvas.line(((12, 17.2), (12, 17.2)), ATTENTION, 2)
     return canvas
 
 
@@ -193,14 +193,14 @@ def notify(kind, scale=1):
     if kind == "error":
         canvas.line(((32, 8), (58.5, 54.5), (5.5, 54.5)), colour, 3, closed=True)
         canvas.line(((32, 24), (32, 37)), colour, 4)
-        canvas.disc(32, 45.5, 2, colour)
+        canvas.line(((32, 45.5), (32, 45.5)), colour, 4)
         return canvas
     canvas.ring(32, 32, 25.5, 3, colour)
     if kind == "info":
-        canvas.disc(32, 20, 2, colour)
+        canvas.line(((32, 20), (32, 20)), colour, 4)
         canvas.line(((32, 29), (32, 44)), colour, 4)
     elif kind == "success":
-        canvas.line(((21.6, 32.9), (28.8, 40), (42.9, 24.7)), colour, 3.6)
+        canvas.line(((21.5, 32.8), (28.8, 40), (43, 24.6)), colour, 3.6)
     else:
         question_mark(canvas, colour)
     return canvas
@@ -210,9 +210,9 @@ def question_mark(canvas, colour):
     draw = canvas.pen
     draw.new_sub_path()
     draw.arc(32, 26.4, 7.2, math.pi, 2.3 * math.pi)
-    draw.curve_to(35.2, 33.5, 32, 34.5, 32, 38.4)
+    draw.curve_to(35.2, 33.5, 31.9, 34.6, 32, 38.4)
     canvas.stroke(colour, 3.4)
-    canvas.disc(32, 45, 2, colour)
+    canvas.line(((32, 45), (32, 45)), colour, 4)
 
 
 def up_arrow(scale=1):
