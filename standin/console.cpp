@@ -63,7 +63,7 @@ QString Console::fault(const QString &rest)
 {
     int code = 0;
     Fault read;
-    const QString error = parseFault(rest, code, read);
+    QString error = parseFault(rest, code, read);
     if (!error.isEmpty())
         return error;
     unit.unit.setFault(code, read);

@@ -67,13 +67,13 @@ QString FrameRecord::name() const
 QString FrameRecord::describe() const
 {
     QStringList words{name()};
-    if (link == LinkKind::Discovery)
-        words.append(QString::fromLatin1(payload.toHex(' ')));
-    else if (!wellFormed)
-        words.append(QStringLiteral("malformed ") + QString::fromLatin1(raw.toHex(' ')));
+    const QString hex = QString::fromLatin1(raw.toHex(' '));
+    const Function *function = link == LinkKind::Discovery ? nullptr : functionOf(code);
+    if (link != LinkKind::Discovery && !wellFormed)
+        words.append(QStringLiteral("malformed ") + hex);
     else if (!checksumGood)
-        words.append(QStringLiteral("bad checksum ") + QString::fromLatin1(raw.toHex(' ')));
-    else if (const Function *function = functionOf(code))
+        words.append(QStringLiteral("bad checksum ") + hex);
+    else if (function)
         words.append(describeRecord(*function, payload));
     else
         words.append(QString::fromLatin1(payload.toHex(' ')));

@@ -105,7 +105,7 @@ bool TestNetwork::run(const QStringList &arguments)
 QString TestNetwork::addNamespace(const char *kind)
 {
     static std::atomic<int> number{0};
-    const QString name = QStringLiteral("qt%1%2%3").arg(::getpid()).arg(QLatin1String(kind)).arg(number++);
+    QString name = QStringLiteral("qt%1%2%3").arg(::getpid()).arg(QLatin1String(kind)).arg(number++);
     if (!run({QStringLiteral("netns"), QStringLiteral("add"), name}))
         return name;
     namespaces.append(name);
@@ -121,7 +121,7 @@ QString TestNetwork::addHost()
 
 QString TestNetwork::addSwitch()
 {
-    const QString name = addNamespace("s");
+    QString name = addNamespace("s");
     ip(name,
        {QStringLiteral("link"), QStringLiteral("add"), QStringLiteral("br0"), QStringLiteral("type"),
         QStringLiteral("bridge")});
