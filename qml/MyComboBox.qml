@@ -40,7 +40,7 @@ ComboBox {
 
     indicator: Canvas {
         id: canvas
-        x: thiscombo.width - width - 7
+        x: thiscombo.width - width - 8
         y: (thiscombo.height - height) / 2
         width: 12
         height: 8
@@ -55,9 +55,9 @@ ComboBox {
         onPaint: {
             var context = getContext("2d")
             context.reset()
-            context.moveTo(1, 1)
-            context.lineTo(width / 2, height - 1)
-            context.lineTo(width - 1, 1)
+            context.moveTo(0, 0)
+            context.lineTo(width / 2, height)
+            context.lineTo(width, 0)
             context.lineWidth = 2
             context.strokeStyle = thiscombo.enabled ? "#AFAFAF" : "#6A7079"
             context.stroke()

@@ -14,15 +14,15 @@ Item {
     property bool started: false
 
     // The value of a row: its slider, or the typed text where this row's field was just accepted.
-    function valueOf(row, typedRow) {
+    function valueFor(row, typedRow) {
         return row === typedRow ? row.textValue : row.sliderValue
     }
 
     // Swap time comes before opacity, although the rows stand the other way round.
     function sendLumaKey(typedRow) {
-        mainObject.setLumaKey(auxLumakeyOn, keyMode, valueOf(auxLumakeyCutoff, typedRow),
-                              valueOf(auxLumakeySoftness, typedRow), layerSwapOn ? 1 : 0,
-                              valueOf(auxLumakeySwaptime, typedRow), valueOf(auxLumakeyOpacity, typedRow))
+        mainObject.setLumaKey(auxLumakeyOn, keyMode, valueFor(auxLumakeyCutoff, typedRow),
+                              valueFor(auxLumakeySoftness, typedRow), layerSwapOn ? 1 : 0,
+                              valueFor(auxLumakeySwaptime, typedRow), valueFor(auxLumakeyOpacity, typedRow))
     }
 
     function sendSoon() {

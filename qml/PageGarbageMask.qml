@@ -13,17 +13,17 @@ Item {
     property bool started: false
 
     // The value of a row: its slider, or the typed text where this row's field was just accepted.
-    function valueOf(row, typedRow) {
+    function valueFor(row, typedRow) {
         return row === typedRow ? row.textValue : row.sliderValue
     }
 
     function sendWindow(typedRow) {
         mainObject.setWindow(windowOn, invertOn,
-                             valueOf(windowLeft, typedRow),
-                             valueOf(windowRight, typedRow),
-                             valueOf(windowTop, typedRow),
-                             valueOf(windowBottom, typedRow),
-                             valueOf(windowBorder, typedRow))
+                             valueFor(windowLeft, typedRow),
+                             valueFor(windowRight, typedRow),
+                             valueFor(windowTop, typedRow),
+                             valueFor(windowBottom, typedRow),
+                             valueFor(windowBorder, typedRow))
     }
 
     function sendSoon() {

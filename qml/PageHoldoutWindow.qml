@@ -14,17 +14,17 @@ Item {
     property bool started: false
 
     // The value of a row: its slider, or the typed text where this row's field was just accepted.
-    function valueOf(row, typedRow) {
+    function valueFor(row, typedRow) {
         return row === typedRow ? row.textValue : row.sliderValue
     }
 
     function sendWindow(typedRow) {
         mainObject.setHoldoutWindow(holdoutWindowOn, holdoutInvertOn,
-                                    valueOf(holdoutWindowLeft, typedRow),
-                                    valueOf(holdoutWindowRight, typedRow),
-                                    valueOf(holdoutWindowTop, typedRow),
-                                    valueOf(holdoutWindowBottom, typedRow),
-                                    valueOf(holdoutWindowBorder, typedRow))
+                                    valueFor(holdoutWindowLeft, typedRow),
+                                    valueFor(holdoutWindowRight, typedRow),
+                                    valueFor(holdoutWindowTop, typedRow),
+                                    valueFor(holdoutWindowBottom, typedRow),
+                                    valueFor(holdoutWindowBorder, typedRow))
     }
 
     function sendSoon() {

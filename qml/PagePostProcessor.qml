@@ -19,25 +19,25 @@ Item {
     property bool started: false
 
     // The value of a row: its slider, or the typed text where this row's field was just accepted.
-    function valueOf(row, typedRow) {
+    function valueFor(row, typedRow) {
         return row === typedRow ? row.textValue : row.sliderValue
     }
 
     function sendPostAmp(typedRow) {
         mainObject.setPPFGPostAmp(fgPostAmpOn,
-                                  valueOf(ppfgBrightness, typedRow), valueOf(ppfgContrast, typedRow),
-                                  valueOf(ppfgSaturation, typedRow), valueOf(ppfgHue, typedRow))
+                                  valueFor(ppfgBrightness, typedRow), valueFor(ppfgContrast, typedRow),
+                                  valueFor(ppfgSaturation, typedRow), valueFor(ppfgHue, typedRow))
     }
 
     function sendCorrector(typedRow) {
         mainObject.setPPFGRGBCorrect(fgCorrectOn,
-                                     valueOf(ppfgRWhiteLevel, typedRow), valueOf(ppfgRBlackLevel, typedRow),
-                                     valueOf(ppfgGWhiteLevel, typedRow), valueOf(ppfgGBlackLevel, typedRow),
-                                     valueOf(ppfgBWhiteLevel, typedRow), valueOf(ppfgBBlackLevel, typedRow))
+                                     valueFor(ppfgRWhiteLevel, typedRow), valueFor(ppfgRBlackLevel, typedRow),
+                                     valueFor(ppfgGWhiteLevel, typedRow), valueFor(ppfgGBlackLevel, typedRow),
+                                     valueFor(ppfgBWhiteLevel, typedRow), valueFor(ppfgBBlackLevel, typedRow))
     }
 
     function sendBlur(typedRow) {
-        mainObject.setBGBlur(bgBlurOn, valueOf(ppbgBlurValue, typedRow), valueOf(ppbgBlurTime, typedRow))
+        mainObject.setBGBlur(bgBlurOn, valueFor(ppbgBlurValue, typedRow), valueFor(ppbgBlurTime, typedRow))
     }
 
     function postAmpTyped(row) {

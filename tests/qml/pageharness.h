@@ -55,6 +55,8 @@ public:
         Messages::warnings().clear();
         qInstallMessageHandler(&Messages::take);
         QLoggingCategory::setFilterRules(QStringLiteral("qt.qml.connections=false"));
+        QFont::insertSubstitution(QStringLiteral("Noto Sans CJK TC Regular"),
+                                  QStringLiteral("Noto Sans CJK TC"));
         m_engine.rootContext()->setContextProperty(QStringLiteral("mainObject"), &facade);
         m_engine.rootContext()->setContextProperty(QStringLiteral("qmlTranslator"), &translator);
         QQmlComponent component(&m_engine);

@@ -389,7 +389,12 @@ void TestInput::typedNumberMovesTheSlider()
 void TestInput::numberOutOfRangeIsNotAccepted()
 {
     firstRefresh();
-    h->typeInto("verticalOffset.itemText", "-501");
+    // The digit that would leave the range is not taken.
+    h->typeInto("verticalOffset.itemText", "-501", Qt::Key_unknown);
+    QCOMPARE(h->text("verticalOffset.textValue"), QStringLiteral("-50"));
+    // An unfinished number is no number: Return does nothing on it.
+    h->typeInto("verticalOffset.itemText", "-");
+    QCOMPARE(h->text("verticalOffset.textValue"), QStringLiteral("-"));
     QCOMPARE(h->number("verticalOffset.sliderValue"), 20);
     QTest::qWait(100);
     QCOMPARE(h->facade.calls, QStringList());

@@ -1,0 +1,461 @@
+#include "pageharness.h"
+
+#include "moc_recordedfacade.cpp"
+
+// The post-processor page: three sections of one build.
+class TestPostProcessor : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void rowsAreAsTold_data();
+    void rowsAreAsTold();
+    void sectionsAreAsTold();
+    void loadingSendsNothing();
+    void everyRowSendsItsGroup_data();
+    void everyRowSendsItsGroup();
+    void redBlackAloneSendsNothingAtTheStart();
+    void redBlackSendsTheGroupOfBefore();
+    void typedNumberGoesTheDirectWay_data();
+    void typedNumberGoesTheDirectWay();
+    void negativeHueTravels();
+    void switchTurnsTheSectionOffAndOn_data();
+    void switchTurnsTheSectionOffAndOn();
+    void resetAnswersAlsoWhileOff_data();
+    void resetAnswersAlsoWhileOff();
+    void refreshOfPostAmp();
+    void refreshOfCorrector();
+    void refreshOfBlur();
+    void negativeHueOfTheUnitGoesToTheEnd();
+    void sectionsFold_data();
+    void sectionsFold();
+    void throttleOpensOneWindow();
+    void pollingIsNotTouched();
+    void languageChangesThePictures();
+    void scrollsToTheEnd();
+
+private:
+    QString header(int section) const { return QStringLiteral("pagePP_ContentHeader0%1").arg(section); }
+
+    std::unique_ptr<PageHarness> h;
+};
+
+void TestPostProcessor::init()
+{
+    h = std::make_unique<PageHarness>("PagePostProcessor { id: page; anchors.fill: parent }");
+    QVERIFY(h->show());
+}
+
+void TestPostProcessor::cleanup()
+{
+    QCOMPARE(Messages::warnings(), QStringList());
+    h.reset();
+}
+
+namespace {
+
+struct RowTold
+{
+    const char *id;
+    const char *title;
+    int low;
+    int high;
+    int start;
+    int section;
+};
+
+const RowTold rows[] = {
+    {"ppfgHue", "Hue:", -180, 180, 0, 1},
+    {"ppfgSaturation", "Saturation:", 0, 1000, 500, 1},
+    {"ppfgContrast", "Contrast:", 0, 1000, 500, 1},
+    {"ppfgBrightness", "Brightness:", 0, 1000, 500, 1},
+    {"ppfgRWhiteLevel", "R White Level:", 0, 1000, 0, 2},
+    {"ppfgRBlackLevel", "R Black Level:", 0, 1000, 0, 2},
+    {"ppfgGWhiteLevel", "G White Level:", 0, 1000, 0, 2},
+    {"ppfgGBlackLevel", "G Black Level:", 0, 1000, 0, 2},
+    {"ppfgBWhiteLevel", "B White Level:", 0, 1000, 0, 2},
+    {"ppfgBBlackLevel", "B Black Level:", 0, 1000, 0, 2},
+    {"ppbgBlurValue", "Blur Level:", 0, 100, 0, 3},
+    {"ppbgBlurTime", "Blur Time:", 0, 20, 0, 3},
+};
+
+} // namespace
+
+void TestPostProcessor::rowsAreAsTold_data()
+{
+    QTest::addColumn<int>("index");
+    for (int i = 0; i < 12; ++i)
+        QTest::newRow(rows[i].id) << i;
+}
+
+void TestPostProcessor::rowsAreAsTold()
+{
+    QFETCH(int, index);
+    const RowTold &row = rows[index];
+    const QString id = row.id;
+    QCOMPARE(h->text(id + ".title"), QString(row.title));
+    QCOMPARE(h->number(id + ".sliderMin"), row.low);
+    QCOMPARE(h->number(id + ".sliderMax"), row.high);
+    QCOMPARE(h->number(id + ".sliderValue"), row.start);
+    QCOMPARE(h->text(id + ".textValue"), QString::number(row.start));
+}
+
+void TestPostProcessor::sectionsAreAsTold()
+{
+    QCOMPARE(h->text(header(1) + ".title"), QStringLiteral("FG PostAmp"));
+    QCOMPARE(h->text(header(2) + ".title"), QStringLiteral("FG Corrector"));
+    QCOMPARE(h->text(header(3) + ".title"), QStringLiteral("BG Blur"));
+    QCOMPARE(h->number("pagePP_ContentArea01.height"), 74 * 5);
+    QCOMPARE(h->number("pagePP_ContentArea02.height"), 74 * 7);
+    QCOMPARE(h->number("pagePP_ContentArea03.height"), 74 * 5);
+    QCOMPARE(h->number("pagePP_ContentArea02.y"), 74 * 5 + 20);
+    QCOMPARE(h->number("pagePP_ContentArea03.y"), 74 * 12 + 40);
+    QCOMPARE(h->number("scrollContent.x"), 30);
+    QCOMPARE(h->number("scrollContent.y"), 10);
+    QCOMPARE(h->number("scrollContent.width"), 1160);
+    QCOMPARE(h->number("scrollContent.height"), 610);
+    for (const char *name : {"fgPostAmpOn", "fgCorrectOn", "bgBlurOn"})
+        QVERIFY(h->flag(name));
+    for (const char *name : {"area01Folded", "area02Folded", "area03Folded"})
+        QVERIFY(!h->flag(name));
+    QCOMPARE(h->number("timerPPSliderCommand.interval"), 50);
+}
+
+void TestPostProcessor::loadingSendsNothing()
+{
+    QTest::qWait(150);
+    QCOMPARE(h->facade.calls, QStringList());
+    QCOMPARE(h->number("commandIndex"), 0);
+}
+
+void TestPostProcessor::everyRowSendsItsGroup_data()
+{
+    QTest::addColumn<QString>("id");
+    QTest::addColumn<int>("command");
+    QTest::addColumn<QString>("sent");
+    QTest::newRow("hue") << "ppfgHue" << 1 << "setPPFGPostAmp(true, 500, 500, 500, 1)";
+    QTest::newRow("saturation") << "ppfgSaturation" << 1 << "setPPFGPostAmp(true, 500, 500, 501, 0)";
+    QTest::newRow("contrast") << "ppfgContrast" << 1 << "setPPFGPostAmp(true, 500, 501, 500, 0)";
+    QTest::newRow("brightness") << "ppfgBrightness" << 1 << "setPPFGPostAmp(true, 501, 500, 500, 0)";
+    QTest::newRow("red white") << "ppfgRWhiteLevel" << 2 << "setPPFGRGBCorrect(true, 1, 0, 0, 0, 0, 0)";
+    QTest::newRow("green white") << "ppfgGWhiteLevel" << 2 << "setPPFGRGBCorrect(true, 0, 0, 1, 0, 0, 0)";
+    QTest::newRow("green black") << "ppfgGBlackLevel" << 2 << "setPPFGRGBCorrect(true, 0, 0, 0, 1, 0, 0)";
+    QTest::newRow("blue white") << "ppfgBWhiteLevel" << 2 << "setPPFGRGBCorrect(true, 0, 0, 0, 0, 1, 0)";
+    QTest::newRow("blue black") << "ppfgBBlackLevel" << 2 << "setPPFGRGBCorrect(true, 0, 0, 0, 0, 0, 1)";
+    QTest::newRow("blur level") << "ppbgBlurValue" << 3 << "setBGBlur(true, 1, 0)";
+    QTest::newRow("blur time") << "ppbgBlurTime" << 3 << "setBGBlur(true, 0, 1)";
+}
+
+void TestPostProcessor::everyRowSendsItsGroup()
+{
+    QFETCH(QString, id);
+    QFETCH(int, command);
+    QFETCH(QString, sent);
+    // The wheel of the page brings the row into sight.
+    h->eval("scrollContent.contentItem.contentY = Math.min(" + id
+            + ".mapToItem(pagePP_ContentArea01, 0, 0).y, "
+              "scrollContent.contentHeight - 610)");
+    const qint64 start = h->facade.now();
+    h->click(h->item(id + ".itemButtonIncrease"));
+    QCOMPARE(h->facade.calls, QStringList());
+    QTRY_COMPARE(h->facade.calls, QStringList{sent});
+    QVERIFY(h->facade.times.first() - start >= 49);
+    QCOMPARE(h->number("commandIndex"), command);
+    if (command == 3)
+        QVERIFY(Messages::logs().filter("Command BG Blur ").size() == 1);
+}
+
+void TestPostProcessor::redBlackAloneSendsNothingAtTheStart()
+{
+    h->eval("scrollContent.contentItem.contentY = 300");
+    h->click("ppfgRBlackLevel.itemButtonIncrease");
+    QCOMPARE(h->number("ppfgRBlackLevel.sliderValue"), 1);
+    QTest::qWait(150);
+    QCOMPARE(h->facade.calls, QStringList());
+    QCOMPARE(h->number("commandIndex"), 0);
+}
+
+void TestPostProcessor::redBlackSendsTheGroupOfBefore()
+{
+    h->eval("scrollContent.contentItem.contentY = 300");
+    h->eval("ppbgBlurTime.sliderValue = 3");
+    QTRY_COMPARE(h->facade.calls, QStringList{"setBGBlur(true, 0, 3)"});
+    h->click("ppfgRBlackLevel.itemButtonIncrease");
+    QTRY_COMPARE(h->facade.calls.size(), 2);
+    QCOMPARE(h->facade.calls.last(), QStringLiteral("setBGBlur(true, 0, 3)"));
+    h->click("ppfgRWhiteLevel.itemButtonIncrease");
+    QTRY_COMPARE(h->facade.calls.size(), 3);
+    QCOMPARE(h->facade.calls.last(), QStringLiteral("setPPFGRGBCorrect(true, 1, 1, 0, 0, 0, 0)"));
+}
+
+void TestPostProcessor::typedNumberGoesTheDirectWay_data()
+{
+    QTest::addColumn<QString>("id");
+    QTest::addColumn<QString>("sent");
+    QTest::addColumn<QString>("read");
+    QTest::newRow("saturation") << "ppfgSaturation"
+                                << "setPPFGPostAmp(true, 500, 500, 17, 0)"
+                                << "getPPFGPostAmp()";
+    QTest::newRow("contrast") << "ppfgContrast"
+                              << "setPPFGPostAmp(true, 500, 17, 500, 0)"
+                              << "getPPFGPostAmp()";
+    QTest::newRow("brightness") << "ppfgBrightness"
+                                << "setPPFGPostAmp(true, 17, 500, 500, 0)"
+                                << "getPPFGPostAmp()";
+    const QString read = "getPPFGRGBCorrect()";
+    QTest::newRow("red white") << "ppfgRWhiteLevel"
+                               << "setPPFGRGBCorrect(true, 17, 0, 0, 0, 0, 0)" << read;
+    QTest::newRow("red black") << "ppfgRBlackLevel"
+                               << "setPPFGRGBCorrect(true, 0, 17, 0, 0, 0, 0)" << read;
+    QTest::newRow("green white") << "ppfgGWhiteLevel"
+                                 << "setPPFGRGBCorrect(true, 0, 0, 17, 0, 0, 0)" << read;
+    QTest::newRow("green black") << "ppfgGBlackLevel"
+                                 << "setPPFGRGBCorrect(true, 0, 0, 0, 17, 0, 0)" << read;
+    QTest::newRow("blue white") << "ppfgBWhiteLevel"
+                                << "setPPFGRGBCorrect(true, 0, 0, 0, 0, 17, 0)" << read;
+    QTest::newRow("blue black") << "ppfgBBlackLevel"
+                                << "setPPFGRGBCorrect(true, 0, 0, 0, 0, 0, 17)" << read;
+    QTest::newRow("blur level") << "ppbgBlurValue"
+                                << "setBGBlur(true, 17, 0)"
+                                << "getBGBlur()";
+    QTest::newRow("blur time") << "ppbgBlurTime"
+                               << "setBGBlur(true, 0, 17)"
+                               << "getBGBlur()";
+}
+
+void TestPostProcessor::typedNumberGoesTheDirectWay()
+{
+    QFETCH(QString, id);
+    QFETCH(QString, sent);
+    QFETCH(QString, read);
+    h->eval("scrollContent.contentItem.contentY = Math.min(" + id
+            + ".mapToItem(pagePP_ContentArea01, 0, 0).y, "
+              "scrollContent.contentHeight - 610)");
+    const int before = h->number(id + ".sliderValue");
+    h->typeInto(id + ".itemText", "17");
+    QCOMPARE(h->facade.calls, (QStringList{sent, "msecSleep(100)", read}));
+    QVERIFY(h->facade.times.at(2) - h->facade.times.at(0) >= 100);
+    // The slider follows only through the refresh.
+    QCOMPARE(h->number(id + ".sliderValue"), before);
+    QCOMPARE(Messages::logs().contains("onBlurTExtFieldChanged"), id == QLatin1String("ppbgBlurValue"));
+}
+
+void TestPostProcessor::negativeHueTravels()
+{
+    h->typeInto("ppfgHue.itemText", "-180");
+    QCOMPARE(h->facade.calls.first(), QStringLiteral("setPPFGPostAmp(true, 500, 500, 500, -180)"));
+}
+
+void TestPostProcessor::switchTurnsTheSectionOffAndOn_data()
+{
+    QTest::addColumn<int>("section");
+    QTest::addColumn<QString>("flag");
+    QTest::addColumn<QString>("sent");
+    QTest::newRow("post amp") << 1 << "fgPostAmpOn"
+                              << "setPPFGPostAmp(%1, 500, 500, 500, 0)";
+    QTest::newRow("corrector") << 2 << "fgCorrectOn"
+                               << "setPPFGRGBCorrect(%1, 0, 0, 0, 0, 0, 0)";
+    QTest::newRow("blur") << 3 << "bgBlurOn"
+                          << "setBGBlur(%1, 0, 0)";
+}
+
+void TestPostProcessor::switchTurnsTheSectionOffAndOn()
+{
+    QFETCH(int, section);
+    QFETCH(QString, flag);
+    QFETCH(QString, sent);
+    h->eval(QStringLiteral("scrollContent.contentItem.contentY = pagePP_ContentArea0%1.y / 1298 * 1500 / 1.6")
+                .arg(section));
+    h->click(header(section) + ".switchButton");
+    QCOMPARE(h->facade.calls, QStringList{sent.arg("false")});
+    QVERIFY(!h->flag(flag));
+    QCOMPARE(h->face(header(section) + ".switchSource"), QStringLiteral("btn_switch_off_dashboard"));
+    QCOMPARE(h->face(header(section) + ".resetSource"), QStringLiteral("btn_d_reset_dashboard"));
+    QVERIFY(h->flag(header(section) + ".resetEnabled"));
+    for (const RowTold &row : rows) {
+        const bool mine = row.section == section;
+        const QString id = row.id;
+        QCOMPARE(h->color(id + ".titleColor"), QString(mine ? "#333333" : "#D8D8D8"));
+        QCOMPARE(h->flag(id + ".itemSlider.enabled"), !mine);
+        QCOMPARE(h->flag(id + ".itemButtonDecrease.enabled"), !mine);
+        QCOMPARE(h->flag(id + ".itemButtonIncrease.enabled"), !mine);
+    }
+    h->click(header(section) + ".switchButton");
+    QCOMPARE(h->facade.calls.last(), sent.arg("true"));
+    QVERIFY(h->flag(flag));
+    QCOMPARE(h->face(header(section) + ".switchSource"), QStringLiteral("btn_switch_on_dashboard"));
+    QCOMPARE(h->face(header(section) + ".resetSource"), QStringLiteral("btn_n_reset_dashboard"));
+    for (const RowTold &row : rows)
+        QCOMPARE(h->color(QString(row.id) + ".titleColor"), QStringLiteral("#D8D8D8"));
+}
+
+void TestPostProcessor::resetAnswersAlsoWhileOff_data()
+{
+    QTest::addColumn<int>("section");
+    QTest::addColumn<QString>("sent");
+    QTest::newRow("post amp") << 1 << "resetPPFGPostAmp()";
+    QTest::newRow("corrector") << 2 << "resetPPFGRGBCorrect()";
+    QTest::newRow("blur") << 3 << "resetBGBlur()";
+}
+
+void TestPostProcessor::resetAnswersAlsoWhileOff()
+{
+    QFETCH(int, section);
+    QFETCH(QString, sent);
+    emit h->facade.refreshPPFGPostAmp(false, 500, 500, 500, 0);
+    emit h->facade.refreshPPFGRGBCorrector(false, 0, 0, 0, 0, 0, 0);
+    emit h->facade.refreshPPBGBlur(false, 0, 0);
+    h->eval(QStringLiteral("scrollContent.contentItem.contentY = Math.min(pagePP_ContentArea0%1.y, 688)")
+                .arg(section));
+    QCOMPARE(h->face(header(section) + ".resetSource"), QStringLiteral("btn_d_reset_dashboard"));
+    const QPoint place = h->middle(h->item(header(section) + ".resetButton"));
+    h->press(place);
+    QCOMPARE(h->face(header(section) + ".resetSource"), QStringLiteral("btn_p_reset_dashboard"));
+    QCOMPARE(h->facade.calls, QStringList());
+    h->release(place);
+    QCOMPARE(h->face(header(section) + ".resetSource"), QStringLiteral("btn_n_reset_dashboard"));
+    QCOMPARE(h->facade.calls, QStringList{sent});
+}
+
+void TestPostProcessor::refreshOfPostAmp()
+{
+    emit h->facade.refreshPPFGPostAmp(false, 1, 2, 3, 4);
+    QVERIFY(!h->flag("fgPostAmpOn"));
+    QCOMPARE(h->number("ppfgBrightness.sliderValue"), 1);
+    QCOMPARE(h->number("ppfgContrast.sliderValue"), 2);
+    QCOMPARE(h->number("ppfgSaturation.sliderValue"), 3);
+    QCOMPARE(h->number("ppfgHue.sliderValue"), 4);
+    QCOMPARE(h->face(header(1) + ".switchSource"), QStringLiteral("btn_switch_off_dashboard"));
+    QCOMPARE(h->color("ppfgHue.titleColor"), QStringLiteral("#333333"));
+    // The one echo, 50 ms later, with what the unit has just told.
+    QTRY_COMPARE(h->facade.calls, QStringList{"setPPFGPostAmp(false, 1, 2, 3, 4)"});
+    emit h->facade.refreshPPFGPostAmp(false, 1, 2, 3, 4);
+    QTest::qWait(120);
+    QCOMPARE(h->facade.calls.size(), 1);
+}
+
+void TestPostProcessor::refreshOfCorrector()
+{
+    emit h->facade.refreshPPFGRGBCorrector(true, 1, 2, 3, 4, 5, 6);
+    QCOMPARE(h->number("ppfgRWhiteLevel.sliderValue"), 1);
+    QCOMPARE(h->number("ppfgRBlackLevel.sliderValue"), 2);
+    QCOMPARE(h->number("ppfgGWhiteLevel.sliderValue"), 3);
+    QCOMPARE(h->number("ppfgGBlackLevel.sliderValue"), 4);
+    QCOMPARE(h->number("ppfgBWhiteLevel.sliderValue"), 5);
+    QCOMPARE(h->number("ppfgBBlackLevel.sliderValue"), 6);
+    QTRY_COMPARE(h->facade.calls, QStringList{"setPPFGRGBCorrect(true, 1, 2, 3, 4, 5, 6)"});
+}
+
+void TestPostProcessor::refreshOfBlur()
+{
+    emit h->facade.refreshPPBGBlur(true, 40, 7);
+    QCOMPARE(h->number("ppbgBlurValue.sliderValue"), 40);
+    QCOMPARE(h->number("ppbgBlurTime.sliderValue"), 7);
+    QVERIFY(Messages::logs().contains("onRefreshPPBGBlur"));
+    QTRY_COMPARE(h->facade.calls, QStringList{"setBGBlur(true, 40, 7)"});
+}
+
+void TestPostProcessor::negativeHueOfTheUnitGoesToTheEnd()
+{
+    emit h->facade.refreshPPFGPostAmp(true, 500, 500, 500, 65526);
+    QCOMPARE(h->number("ppfgHue.sliderValue"), 180);
+}
+
+void TestPostProcessor::sectionsFold_data()
+{
+    QTest::addColumn<int>("section");
+    QTest::addColumn<int>("open");
+    QTest::addColumn<QString>("row");
+    QTest::newRow("post amp") << 1 << 74 * 5 << "ppfgHue";
+    QTest::newRow("corrector") << 2 << 74 * 7 << "ppfgRWhiteLevel";
+    QTest::newRow("blur") << 3 << 74 * 5 << "ppbgBlurValue";
+}
+
+void TestPostProcessor::sectionsFold()
+{
+    QFETCH(int, section);
+    QFETCH(int, open);
+    QFETCH(QString, row);
+    const QString area = QStringLiteral("pagePP_ContentArea0%1").arg(section);
+    const QString folded = QStringLiteral("area0%1Folded").arg(section);
+    h->eval("scrollContent.contentItem.contentY = Math.min(" + area + ".y, 688)");
+    h->click(header(section) + ".foldButton");
+    QVERIFY(h->flag(folded));
+    QVERIFY(!h->item(row)->isVisible());
+    QVERIFY(!h->item(row)->isEnabled());
+    QCOMPARE(h->face(header(section) + ".foldButton.source"), QStringLiteral("btn_n_hide_dashboard"));
+    QVERIFY(h->number(area + ".height") > 74);
+    QTRY_COMPARE(h->number(area + ".height"), 74);
+    QCOMPARE(h->number("scrollContent.contentHeight"), 1298 - open + 74);
+    h->click(header(section) + ".foldButton");
+    QVERIFY(h->item(row)->isVisible());
+    QTRY_COMPARE(h->number(area + ".height"), open);
+    QCOMPARE(h->face(header(section) + ".foldButton.source"), QStringLiteral("btn_n_show_dashboard"));
+}
+
+void TestPostProcessor::throttleOpensOneWindow()
+{
+    const QPoint from = h->handleAt("ppfgSaturation", 500);
+    h->press(from);
+    for (int i = 1; i <= 60; ++i) {
+        h->move(from + QPoint(i, 0));
+        QTest::qWait(10);
+    }
+    h->release(from + QPoint(60, 0));
+    QTest::qWait(120);
+    QVERIFY(h->facade.calls.size() >= 5);
+    for (int i = 1; i < h->facade.times.size(); ++i)
+        QVERIFY(h->facade.times.at(i) - h->facade.times.at(i - 1) >= 49);
+    QCOMPARE(
+        h->facade.calls.last(),
+        QStringLiteral("setPPFGPostAmp(true, 500, 500, %1, 0)").arg(h->number("ppfgSaturation.sliderValue")));
+}
+
+void TestPostProcessor::pollingIsNotTouched()
+{
+    h->click("ppfgHue.itemButtonIncrease");
+    QTRY_COMPARE(h->facade.calls.size(), 1);
+    QCOMPARE(h->facade.callsOf("setRefreshTimer"), QStringList());
+}
+
+void TestPostProcessor::languageChangesThePictures()
+{
+    emit h->facade.refreshPPFGPostAmp(false, 500, 500, 500, 0);
+    h->translator.setTranslation("zh_TW");
+    QCOMPARE(h->face(header(1) + ".switchSource"), QStringLiteral("TW/btn_switch_off_dashboard"));
+    QCOMPARE(h->face(header(2) + ".switchSource"), QStringLiteral("TW/btn_switch_on_dashboard"));
+    // Normal again, although the section is off.
+    QCOMPARE(h->face(header(1) + ".resetSource"), QStringLiteral("TW/btn_n_reset_dashboard"));
+    QCOMPARE(h->face(header(3) + ".resetSource"), QStringLiteral("TW/btn_n_reset_dashboard"));
+    QVERIFY(Messages::logs().contains("onLanguageChanged(PostPro)"));
+    QVERIFY(!h->grab(h->window->contentItem(), "postprocessor-zh_TW").isNull());
+}
+
+void TestPostProcessor::scrollsToTheEnd()
+{
+    emit h->facade.refreshPPFGPostAmp(true, 485, 500, 540, 0);
+    h->eval("ppfgHue.sliderValue = -12");
+    emit h->facade.refreshPPFGRGBCorrector(false, 1000, 0, 0, 0, 0, 0);
+    QVERIFY(!h->grab(h->window->contentItem(), "postprocessor").isNull());
+    QCOMPARE(h->number("scrollContent.contentHeight"), 1298);
+    const QPoint bar = h->at(h->page, 30 + 1110 + 14 + 6, 100);
+    h->press(bar);
+    h->move(bar + QPoint(0, 500));
+    h->release(bar + QPoint(0, 500));
+    QCOMPARE(h->number("scrollContent.contentItem.contentY"), 688);
+    QVERIFY(!h->grab(h->window->contentItem(), "postprocessor-end").isNull());
+    // The last row stands whole in sight.
+    QVERIFY(h->at(h->item("ppbgBlurTime"), 0, 74).y() <= 768);
+    for (int i = 0; i < 3; ++i) {
+        const QPoint place = h->at(h->page, 500, 300);
+        QWheelEvent event(place, h->window->mapToGlobal(place), {}, QPoint(0, 1200), Qt::NoButton, {},
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(h->window, &event);
+    }
+    QTRY_COMPARE(h->number("scrollContent.contentItem.contentY"), 0);
+}
+
+QTEST_MAIN(TestPostProcessor)
+#include "tst_postprocessor.moc"
