@@ -153,7 +153,7 @@ void TestPostProcessor::everyRowSendsItsGroup()
     QFETCH(QString, id);
     QFETCH(int, command);
     QFETCH(QString, sent);
-    // The wheel of the page brings the row into sight.
+    // Brings the row into sight.
     h->eval("scrollContent.contentItem.contentY = Math.min(" + id
             + ".mapToItem(pagePP_ContentArea01, 0, 0).y, "
               "scrollContent.contentHeight - 610)");
@@ -266,7 +266,7 @@ void TestPostProcessor::switchTurnsTheSectionOffAndOn()
     QFETCH(int, section);
     QFETCH(QString, flag);
     QFETCH(QString, sent);
-    h->eval(QStringLiteral("scrollContent.contentItem.contentY = pagePP_ContentArea0%1.y / 1298 * 1500 / 1.6")
+    h->eval(QStringLiteral("scrollContent.contentItem.contentY = Math.min(pagePP_ContentArea0%1.y, 688)")
                 .arg(section));
     h->click(header(section) + ".switchButton");
     QCOMPARE(h->facade.calls, QStringList{sent.arg("false")});
