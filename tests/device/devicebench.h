@@ -47,13 +47,13 @@ public:
         return result == QLatin1String("OK");
     }
 
-    // The frames that the unit received, as they lay on the link.
-    QVector<QByteArray> frames() const
+    // The frames that the unit received, as they lay on the link, parted by commas.
+    QString frames() const
     {
-        QVector<QByteArray> list;
+        QStringList list;
         for (const standin::FrameRecord &frame : host.record())
-            list.append(frame.raw.toHex(' '));
-        return list;
+            list.append(QString::fromLatin1(frame.raw.toHex(' ').toUpper()));
+        return list.join(QStringLiteral(", "));
     }
 
     // The time from each frame to the next, in milliseconds.
@@ -84,12 +84,12 @@ private:
 };
 
 // A frame of the serial link in hexadecimal as it lies on `method`.
-inline QByteArray frameOn(uint method, const char *serialHex)
+inline QString frameOn(uint method, const QByteArray &serialHex)
 {
-    const QByteArray body = QByteArray::fromHex(serialHex);
-    if (method != kNetworkLink)
-        return body.toHex(' ');
-    return QByteArray(1, '\0').append(static_cast<char>(body.size() + 2)).append(body).toHex(' ');
+    QByteArray frame = QByteArray::fromHex(serialHex);
+    if (method == kNetworkLink)
+        frame = QByteArray(1, '\0').append(static_cast<char>(frame.size() + 2)).append(frame);
+    return QString::fromLatin1(frame.toHex(' ').toUpper());
 }
 
 // A reply body around `data`, with the right length and checksum.
@@ -121,3 +121,7 @@ inline QByteArray withChecksum(QByteArray bytes)
         QVERIFY2(measured >= (low) && measured < (high),                                                     \
                  qPrintable(QStringLiteral("%1 is not in [%2, %3)").arg(measured).arg(low).arg(high)));      \
     } while (false)
+
+// A time between two receipts. Either may be noted late when the machine is busy, so a gap can seem a little short;
+// exact lower bounds are measured around the call.
+#define VERIFY_GAP(value, expected) VERIFY_BETWEEN(value, (expected)-60, (expected) + 190)

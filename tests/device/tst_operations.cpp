@@ -107,7 +107,7 @@ void OperationsTest::sets(uint method)
                 standin::Fault::answer(replyBody(function.getCode + 0x80, QByteArray(16, 'U'))));
             scramble(*bench.device);
             set.call(*bench.device, method);
-            QCOMPARE(bench.frames(), QVector<QByteArray>{frameOn(method, set.frame)});
+            QCOMPARE(bench.frames(), frameOn(method, set.frame));
             QCOMPARE(stateDifferences(function, *bench.device, set.state), QString());
         }
     }
@@ -138,7 +138,7 @@ void OperationsTest::gets(uint method)
             QCOMPARE(differences(function, *bench.device, body), QString());
             QCOMPARE(bench.host.count(function.getCode), 1);
             const QByteArray bare = replyBody(function.getCode, QByteArray());
-            const QByteArray frame = frameOn(method, bare.toHex().constData());
+            const QString frame = frameOn(method, bare.toHex());
             QVERIFY2(bench.frames().contains(frame), function.name);
         }
         bench.host.clearFaults();
@@ -160,7 +160,7 @@ void OperationsTest::resets(uint method)
             bench.host.setFault(function.getCode + 0x80, standin::Fault::answer(body));
             scramble(*bench.device);
             reset.call(*bench.device, method);
-            QCOMPARE(bench.frames(), QVector<QByteArray>{frameOn(method, reset.frame)});
+            QCOMPARE(bench.frames(), frameOn(method, reset.frame));
             QCOMPARE(differences(function, *bench.device, body), QString());
         }
     }

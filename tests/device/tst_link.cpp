@@ -1,0 +1,730 @@
+#include "tests/device/devicebench.h"
+
+namespace {
+const QString kVersionFailed = QStringLiteral("Get Version failed. \nDevice may be disconnected.");
+}
+
+// Connecting, losing and regaining a link, and what isConnected and connectionBroken say of it.
+class LinkTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void startsDisconnected();
+    void connectOnNetwork();
+    void connectOnSerial();
+    void versionTexts_data();
+    void versionTexts();
+    void networkVersionLengths_data();
+    void networkVersionLengths();
+    void serialVersionLengths_data();
+    void serialVersionLengths();
+    void anyDeviceTypeConnects();
+    void silentDeviceTypeOnNetworkFails();
+    void silentDeviceTypeOnSerialConnects();
+    void connectToNobody();
+    void connectToClosedPort();
+    void connectToMissingSerialPort();
+    void connectOnUnknownMethod();
+    void connectClosesTheSerialPort();
+    void failedFirstStatusLeavesTheFlagUp();
+    void disconnectSendsNothingMore();
+    void reconnectAfterDisconnect();
+    void droppedSocketReconnectsSilently();
+    void reconnectToARefusingUnit();
+    void checkConnectionWithoutAddress();
+    void shortReplyEndsTheConnection_data();
+    void shortReplyEndsTheConnection();
+    void fourBytesAreEnough();
+    void oneShortReadIsMadeGoodButEndsTheLink();
+    void silentNetworkUnitBreaksFourTimes();
+    void silentSerialUnitRaisesNothing();
+    void wrongSerialChecksumIsRetried();
+    void wrongNetworkChecksumPasses();
+    void serialTransportResults();
+    void serialTransportOnClosedPort();
+    void splitSerialReplySpoilsTheNext();
+    void lateNetworkReplyIsTakenByTheNext();
+    void saveSetupDoesNotReconnect();
+    void memoriesAndSetup_data();
+    void memoriesAndSetup();
+    void failedRecallRefreshesNothing();
+    void serialPortClass();
+    void accessors();
+
+private:
+    // Lets the socket notice that the other end is gone.
+    static void letSocketFall(DeviceBench &bench)
+    {
+        bench.host.drop();
+        QTRY_COMPARE(bench.socket()->state(), QTcpSocket::UnconnectedState);
+    }
+};
+
+void LinkTest::startsDisconnected()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(!bench.device->isConnected);
+    QVERIFY(!bench.device->checkConnection());
+    QCOMPARE(bench.broken.count(), 0);
+    QVERIFY(bench.device->getFWVersion().isEmpty());
+    QVERIFY(bench.device->deviceTypeRevision.isEmpty());
+    QCOMPARE(bench.device->findChildren<QTimer *>().size(), 1);
+    QVERIFY(!bench.device->findChild<QTimer *>()->isActive());
+    QCOMPARE(bench.device->getHLNPNetcardList(), bench.device->hlnpObj->netcardlist);
+    QVERIFY(bench.device->getHLNPDeviceList().isEmpty());
+}
+
+void LinkTest::connectOnNetwork()
+{
+    DeviceBench bench(kNetworkLink);
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(bench.device->connectDevice(kNetworkLink, bench.target()), QStringLiteral("OK"));
+    QVERIFY(bench.device->isConnected);
+    QCOMPARE(bench.frames(),
+             QStringLiteral("00 06 03 00 6C 6F, 00 06 03 00 6F 72, 00 06 03 00 63 66, 00 06 03 00 60 63, "
+                            "00 06 03 00 61 64, 00 06 03 00 62 65"));
+    // One at a time: each frame left after the wait for the reply before.
+    VERIFY_BETWEEN(timer.elapsed(), 6 * 50, 6 * 50 + 1500);
+    QCOMPARE(bench.device->getFWVersion(), QStringLiteral("1.05"));
+    QCOMPARE(bench.device->getFPGAVersion(), QStringLiteral("2.23"));
+    QCOMPARE(bench.device->getBLVersion(), QStringLiteral("10.2a"));
+    QVERIFY(bench.device->deviceTypeRevision.isEmpty());
+    QCOMPARE(bench.broken.count(), 0);
+}
+
+void LinkTest::connectOnSerial()
+{
+    DeviceBench bench(kSerialLink);
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(bench.device->connectDevice(kSerialLink, bench.target()), QStringLiteral("OK"));
+    QVERIFY(bench.device->isConnected);
+    QCOMPARE(bench.frames(),
+             QStringLiteral("03 00 6C 6F, 03 00 6F 72, 03 00 63 66, 03 00 60 63, 03 00 61 64, "
+                            "03 00 62 65"));
+    VERIFY_BETWEEN(timer.elapsed(), 6 * 150, 6 * 150 + 1500);
+    QCOMPARE(bench.device->getBLVersion(), QStringLiteral("10.2a"));
+    QCOMPARE(bench.broken.count(), 0);
+}
+
+void LinkTest::versionTexts_data()
+{
+    QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<QString>("texts");
+    QTest::newRow("plain") << QByteArray::fromHex("01050223102A") << "1.05 2.23 10.2a";
+    QTest::newRow("zeros") << QByteArray::fromHex("000000000000") << "0.00 0.00 0.00";
+    QTest::newRow("high bytes") << QByteArray::fromHex("FFFF800F0F10") << "ff.ff 80.0f f.10";
+}
+
+void LinkTest::versionTexts()
+{
+    QFETCH(QByteArray, data);
+    DeviceBench bench(kNetworkLink);
+    bench.host.withUnit([&data](standin::Unit &unit) { unit.setData(standin::Version, data); });
+    QVERIFY(bench.connectUnit());
+    const QStringList texts = {bench.device->getFWVersion(), bench.device->getFPGAVersion(),
+                               bench.device->getBLVersion()};
+    QTEST(texts.join(QLatin1Char(' ')), "texts");
+}
+
+void LinkTest::networkVersionLengths_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("accepted");
+    QTest::newRow("4 bytes pass the transport and fail the version") << 4 << false;
+    QTest::newRow("11 bytes") << 11 << false;
+    QTest::newRow("12 bytes") << 12 << true;
+}
+
+void LinkTest::networkVersionLengths()
+{
+    QFETCH(int, length);
+    QFETCH(bool, accepted);
+    DeviceBench bench(kNetworkLink);
+    bench.host.setFault(standin::Version, standin::Fault::shortened(length));
+    const QString result = bench.device->connectDevice(kNetworkLink, bench.target());
+    QCOMPARE(result, accepted ? QStringLiteral("OK") : kVersionFailed);
+    QCOMPARE(bench.device->isConnected, accepted);
+    QCOMPARE(bench.host.count(standin::Version), 1);
+    QCOMPARE(bench.host.count(standin::DeviceType), accepted ? 1 : 0);
+    QCOMPARE(bench.broken.count(), 0);
+    if (accepted)
+        QCOMPARE(bench.device->getBLVersion(), QStringLiteral("10.2a"));
+}
+
+void LinkTest::serialVersionLengths_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<bool>("accepted");
+    QTest::addColumn<QString>("loader");
+    QTest::newRow("nothing") << QByteArray() << false << QString();
+    QTest::newRow("3 bytes") << QByteArray::fromHex("03006C") << false << QString();
+    QTest::newRow("4 bytes") << QByteArray::fromHex("03006C6F") << true << "0.00";
+    QTest::newRow("8 bytes") << withChecksum(QByteArray::fromHex("09006C01050223")) << true << "a0.00";
+}
+
+void LinkTest::serialVersionLengths()
+{
+    QFETCH(QByteArray, body);
+    QFETCH(bool, accepted);
+    DeviceBench bench(kSerialLink);
+    bench.host.setFault(standin::Version, standin::Fault::answer(body));
+    const QString result = bench.device->connectDevice(kSerialLink, bench.target());
+    QCOMPARE(result, accepted ? QStringLiteral("OK") : kVersionFailed);
+    QCOMPARE(bench.device->isConnected, accepted);
+    QTEST(bench.device->getBLVersion(), "loader");
+    QCOMPARE(bench.host.count(standin::Version), 1);
+}
+
+void LinkTest::anyDeviceTypeConnects()
+{
+    DeviceBench bench(kNetworkLink);
+    bench.host.setFault(standin::DeviceType, standin::Fault::refuse(0x81));
+    QCOMPARE(bench.device->connectDevice(kNetworkLink, bench.target()), QStringLiteral("OK"));
+}
+
+void LinkTest::silentDeviceTypeOnNetworkFails()
+{
+    DeviceBench bench(kNetworkLink);
+    bench.host.setFault(standin::DeviceType, standin::Fault::shortened(3));
+    QCOMPARE(bench.device->connectDevice(kNetworkLink, bench.target()), kVersionFailed);
+    QVERIFY(!bench.device->isConnected);
+    QCOMPARE(bench.host.count(standin::DeviceType), 4);
+    QCOMPARE(bench.broken.count(), 4);
+    // The link itself was left open.
+    QCOMPARE(bench.socket()->state(), QTcpSocket::ConnectedState);
+}
+
+void LinkTest::silentDeviceTypeOnSerialConnects()
+{
+    DeviceBench bench(kSerialLink);
+    bench.host.setFault(standin::DeviceType, standin::Fault::silent());
+    QCOMPARE(bench.device->connectDevice(kSerialLink, bench.target()), QStringLiteral("OK"));
+    QVERIFY(bench.device->isConnected);
+    QCOMPARE(bench.host.count(standin::DeviceType), 1);
+}
+
+void LinkTest::connectToNobody()
+{
+    DeviceBench bench(kNetworkLink);
+    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(bench.device->connectDevice(kNetworkLink, bench.target()), kVersionFailed);
+    // Four times the sleep and the wait for bytes, and the sleeps of the ladder between them.
+    VERIFY_BETWEEN(timer.elapsed(), 4 * 1050 + 1800 - 10, 4 * 1050 + 1800 + 1500);
+    QCOMPARE(bench.broken.count(), 4);
+    QVERIFY(!bench.device->isConnected);
+    QCOMPARE(bench.host.codes(), (QVector<int>{0x6C, 0x6C, 0x6C, 0x6C}));
+}
+
+void LinkTest::connectToClosedPort()
+{
+    DeviceBench bench(kNetworkLink);
+    bench.host.stopListening();
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(bench.device->connectDevice(kNetworkLink, bench.target()), kVersionFailed);
+    // The ladder doesn't connect again: what is left are its own sleeps.
+    VERIFY_BETWEEN(timer.elapsed(), 1800, 1800 + 1500);
+    QCOMPARE(bench.broken.count(), 4);
+    QVERIFY(!bench.device->isConnected);
+}
+
+void LinkTest::connectToMissingSerialPort()
+{
+    DeviceBench bench(kSerialLink);
+    QSerialPort port(QStringLiteral("/dev/no-such-port"));
+    QVERIFY(!port.open(QIODevice::ReadWrite));
+    QCOMPARE(bench.device->connectDevice(kSerialLink, QStringLiteral("/dev/no-such-port")),
+             port.errorString());
+    QVERIFY(!bench.device->isConnected);
+    QCOMPARE(bench.broken.count(), 0);
+}
+
+void LinkTest::connectOnUnknownMethod()
+{
+    DeviceBench bench(kNetworkLink);
+    for (const uint method : {0U, 3U, 99U})
+        QCOMPARE(bench.device->connectDevice(method, bench.target()), QStringLiteral("NOT OK"));
+    QVERIFY(!bench.device->isConnected);
+    QCOMPARE(bench.host.record().size(), 0);
+    QCOMPARE(bench.socket()->state(), QTcpSocket::UnconnectedState);
+}
+
+void LinkTest::connectClosesTheSerialPort()
+{
+    DeviceBench serial(kSerialLink);
+    QVERIFY(serial.connectUnit());
+    DeviceBench network(kNetworkLink);
+    QCOMPARE(serial.device->connectDevice(kNetworkLink, network.target()), QStringLiteral("OK"));
+    QByteArray frame("x");
+    QCOMPARE(serial.device->serialObj->writeData(frame), qint64(-1));
+    // The other way round the socket stays open: only disconnectDevice closes it.
+    QCOMPARE(serial.device->connectDevice(kSerialLink, serial.target()), QStringLiteral("OK"));
+    QCOMPARE(serial.socket()->state(), QTcpSocket::ConnectedState);
+    serial.device->disconnectDevice(kNetworkLink);
+    QCOMPARE(serial.socket()->state(), QTcpSocket::UnconnectedState);
+}
+
+void LinkTest::failedFirstStatusLeavesTheFlagUp()
+{
+    DeviceBench bench(kSerialLink);
+    bench.host.setFault(standin::OutputRouting, standin::Fault::silent());
+    QCOMPARE(bench.device->connectDevice(kSerialLink, bench.target()),
+             QStringLiteral("Get status failed. Please try again."));
+    QVERIFY(bench.device->isConnected);
+    QCOMPARE(bench.broken.count(), 0);
+}
+
+void LinkTest::disconnectSendsNothingMore()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    QCOMPARE(bench.device->disconnectDevice(kNetworkLink), 0U);
+    QVERIFY(!bench.device->isConnected);
+    QVERIFY(!bench.device->checkConnection());
+    bench.device->setCKAngle(kNetworkLink, 1, 2);
+    bench.device->resetCKAngle(kNetworkLink);
+    QCOMPARE(bench.device->refreshVideoInRes(kNetworkLink), QString());
+    QCOMPARE(bench.device->refreshStatus(kNetworkLink), QStringLiteral("Ethernet not Connected!"));
+    QCOMPARE(bench.socket()->state(), QTcpSocket::UnconnectedState);
+    QCOMPARE(bench.host.record().size(), 0);
+    QCOMPARE(bench.broken.count(), 0);
+    QCOMPARE(bench.device->disconnectDevice(7), 0U);
+}
+
+void LinkTest::reconnectAfterDisconnect()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    bench.device->ckAngleL = 77;
+    bench.device->disconnectDevice(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    QVERIFY(bench.device->isConnected);
+    QCOMPARE(bench.device->ckAngleL, 77U); // the fields outlive every connection
+    QTRY_COMPARE(bench.host.clientCount(), 1);
+}
+
+void LinkTest::droppedSocketReconnectsSilently()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    letSocketFall(bench);
+    QVERIFY(bench.device->isConnected);
+    bench.device->getCKShadow(kNetworkLink);
+    QVERIFY(bench.device->isConnected);
+    QCOMPARE(bench.frames(), QStringLiteral("00 06 03 00 55 58"));
+    QCOMPARE(int(bench.device->ckShadow.level), 250);
+    QCOMPARE(bench.broken.count(), 0);
+}
+
+void LinkTest::reconnectToARefusingUnit()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.stopListening();
+    letSocketFall(bench);
+    // The reconnect is under way, so the check passes; the frame is what comes to grief.
+    QElapsedTimer timer;
+    timer.start();
+    bench.device->getCKShadow(kNetworkLink);
+    QVERIFY(timer.elapsed() >= 1800);
+    QVERIFY(!bench.device->isConnected);
+    QCOMPARE(bench.broken.count(), 4);
+    QCOMPARE(bench.host.record().size(), 0);
+
+    // Only a fresh connect recovers.
+    QVERIFY(bench.host.listenAgain());
+    bench.device->getCKShadow(kNetworkLink);
+    QCOMPARE(bench.host.record().size(), 0);
+    QVERIFY(bench.connectUnit());
+    bench.device->getCKShadow(kNetworkLink);
+    QCOMPARE(bench.host.record().size(), 1);
+}
+
+void LinkTest::checkConnectionWithoutAddress()
+{
+    // A flag that is up without a link: the reconnect to no address can only fail, at once or in the exchange.
+    DeviceBench bench(kNetworkLink);
+    bench.device->isConnected = true;
+    bench.device->getCKShadow(kNetworkLink);
+    QVERIFY(!bench.device->isConnected);
+    QVERIFY(bench.broken.count() >= 1);
+}
+
+void LinkTest::shortReplyEndsTheConnection_data()
+{
+    QTest::addColumn<int>("length");
+    for (int length = 1; length <= 3; ++length)
+        QTest::addRow("%d bytes", length) << length;
+}
+
+void LinkTest::shortReplyEndsTheConnection()
+{
+    QFETCH(int, length);
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::Angle, standin::Fault::shortened(length));
+    bench.device->ckAngleL = 99;
+    uint l = 5;
+    uint r = 6;
+    bench.device->getCKAngle(kNetworkLink, &l, &r);
+    QVERIFY(!bench.device->isConnected);
+    QCOMPARE(bench.broken.count(), 4);
+    QCOMPARE(bench.host.count(standin::Angle), 4);
+    QCOMPARE(bench.device->ckAngleL, 99U);
+    QCOMPARE(l, 5U);
+    QCOMPARE(r, 6U);
+}
+
+void LinkTest::fourBytesAreEnough()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::Angle, standin::Fault::shortened(4));
+    bench.device->ckAngleL = 99;
+    uint l = 5;
+    uint r = 6;
+    bench.device->getCKAngle(kNetworkLink, &l, &r);
+    QVERIFY(bench.device->isConnected);
+    QCOMPARE(l, 0U);
+    QCOMPARE(r, 0U);
+}
+
+void LinkTest::oneShortReadIsMadeGoodButEndsTheLink()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::Angle, standin::Fault::shortened(3, 1));
+    uint l = 5;
+    uint r = 6;
+    bench.device->getCKAngle(kNetworkLink, &l, &r);
+    QCOMPARE(l, 45U); // the second attempt was read
+    QCOMPARE(bench.host.count(standin::Angle), 2);
+    QCOMPARE(bench.broken.count(), 1);
+    QVERIFY(!bench.device->isConnected); // and yet the link counts as lost
+    bench.device->getCKShadow(kNetworkLink);
+    QCOMPARE(bench.host.count(standin::Shadow), 0);
+}
+
+void LinkTest::silentNetworkUnitBreaksFourTimes()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::Bright, standin::Fault::silent());
+    bench.device->getCKBright(kNetworkLink);
+    QCOMPARE(bench.broken.count(), 4);
+    QCOMPARE(bench.host.count(standin::Bright), 4);
+    QVERIFY(!bench.device->isConnected);
+    const QVector<int> gaps = bench.gapsMs();
+    QCOMPARE(gaps.size(), 3);
+    VERIFY_GAP(gaps.at(0), 1350);
+    VERIFY_GAP(gaps.at(1), 1550);
+    VERIFY_GAP(gaps.at(2), 2050);
+}
+
+void LinkTest::silentSerialUnitRaisesNothing()
+{
+    DeviceBench bench(kSerialLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    QElapsedTimer timer;
+    timer.start();
+    bench.device->getCKBright(kSerialLink);
+    VERIFY_BETWEEN(timer.elapsed(), 1149, 2000); // one attempt, no retry
+    QCOMPARE(bench.host.count(standin::Bright), 1);
+    QCOMPARE(bench.broken.count(), 0);
+    QVERIFY(bench.device->isConnected);
+
+    bench.device->getVideoOut(kSerialLink);
+    QCOMPARE(bench.host.count(standin::OutputStandard), 1);
+    QVERIFY(!bench.device->isConnected); // the only read that says so
+    QCOMPARE(bench.broken.count(), 0);
+}
+
+void LinkTest::wrongSerialChecksumIsRetried()
+{
+    DeviceBench bench(kSerialLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::Bright, standin::Fault::wrongChecksum(3));
+    bench.device->getCKBright(kSerialLink);
+    QCOMPARE(bench.host.count(standin::Bright), 4);
+    QCOMPARE(int(bench.device->ckBright.level), 300);
+    const QVector<int> gaps = bench.gapsMs();
+    QCOMPARE(gaps.size(), 3);
+    VERIFY_GAP(gaps.at(0), 450);
+    VERIFY_GAP(gaps.at(1), 650);
+    VERIFY_GAP(gaps.at(2), 1150);
+
+    bench.host.clearRecord();
+    bench.host.setFault(standin::Bright, standin::Fault::wrongChecksum());
+    bench.device->ckBright.level = 1;
+    bench.device->getCKBright(kSerialLink);
+    QCOMPARE(bench.host.count(standin::Bright), 4);
+    QCOMPARE(int(bench.device->ckBright.level), 1);
+    QVERIFY(bench.device->isConnected);
+    QCOMPARE(bench.broken.count(), 0);
+}
+
+void LinkTest::wrongNetworkChecksumPasses()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::Bright, standin::Fault::wrongChecksum());
+    bench.device->getCKBright(kNetworkLink);
+    QCOMPARE(bench.host.count(standin::Bright), 1);
+    QCOMPARE(int(bench.device->ckBright.level), 300);
+}
+
+void LinkTest::serialTransportResults()
+{
+    DeviceBench bench(kSerialLink);
+    QVERIFY(bench.connectUnit());
+    QByteArray frame = QByteArray::fromHex("03005154");
+    QByteArray reply("stale");
+    QCOMPARE(bench.device->serialIO(&frame, &reply), 4);
+    QCOMPARE(reply.toHex(), QByteArray("0500512d2db0"));
+
+    bench.host.setFault(standin::Angle, standin::Fault::wrongChecksum());
+    QCOMPARE(bench.device->serialIO(&frame, &reply), -24);
+    QCOMPARE(reply.size(), 6); // the bytes stay
+
+    // Three bytes are not checked, four are.
+    bench.host.setFault(standin::Angle, standin::Fault::answer(QByteArray::fromHex("0299FF")));
+    QCOMPARE(bench.device->serialIO(&frame, &reply), 4);
+    QCOMPARE(reply.toHex(), QByteArray("0299ff"));
+    bench.host.setFault(standin::Angle, standin::Fault::answer(QByteArray::fromHex("0299FF00")));
+    QCOMPARE(bench.device->serialIO(&frame, &reply), -24);
+    QCOMPARE(reply.toHex(), QByteArray("0299ff00"));
+    bench.host.setFault(standin::Angle, standin::Fault::silent());
+    QCOMPARE(bench.device->serialIO(&frame, &reply), 4);
+    QVERIFY(reply.isEmpty());
+
+    // A frame of three bytes or fewer touches nothing.
+    for (const char *hex : {"", "03", "0300", "030051"}) {
+        QByteArray stub = QByteArray::fromHex(hex);
+        reply = "kept";
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(bench.device->serialIO(&stub, &reply), -1);
+        QVERIFY(timer.elapsed() < 50);
+        QCOMPARE(reply, QByteArray("kept"));
+    }
+    QVERIFY(bench.device->isConnected);
+    QCOMPARE(bench.broken.count(), 0);
+}
+
+void LinkTest::serialTransportOnClosedPort()
+{
+    DeviceBench bench(kSerialLink);
+    bench.device->isConnected = true;
+    QByteArray frame = QByteArray::fromHex("03005154");
+    QByteArray reply;
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(bench.device->serialIO(&frame, &reply), -1);
+    VERIFY_BETWEEN(timer.elapsed(), 900, 1400);
+    QVERIFY(!bench.device->isConnected);
+    QCOMPARE(bench.broken.count(), 1);
+}
+
+void LinkTest::splitSerialReplySpoilsTheNext()
+{
+    DeviceBench bench(kSerialLink);
+    QVERIFY(bench.connectUnit());
+    // The tail comes while the ladder sleeps, and the next read takes it in front of the next reply.
+    bench.host.setFault(standin::Angle, standin::Fault::split(5, 300, 1));
+    QByteArray frame = QByteArray::fromHex("03005154");
+    QByteArray reply;
+    QCOMPARE(bench.device->serialIO(&frame, &reply), -24);
+    QCOMPARE(reply.size(), 5);
+    QTest::qSleep(300);
+    QCOMPARE(bench.device->serialIO(&frame, &reply), -24);
+    QCOMPARE(reply.size(), 7);
+    QCOMPARE(bench.device->serialIO(&frame, &reply), 4);
+    QCOMPARE(reply.size(), 6);
+}
+
+void LinkTest::lateNetworkReplyIsTakenByTheNext()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.withUnit([](standin::Unit &unit) {
+        unit.setData(standin::Angle, QByteArray::fromHex("0102"));
+        unit.setData(standin::EdgeFix, QByteArray::fromHex("01030405"));
+    });
+    QByteArray ask = QByteArray::fromHex("000603005154");
+    QByteArray reply;
+    bench.host.setFault(standin::Angle, standin::Fault::late(1200, 1));
+    QCOMPARE(bench.device->hlnpIO(&ask, &reply), -1);
+    QVERIFY(!bench.device->isConnected);
+    QTest::qSleep(400);
+    bench.device->isConnected = true;
+    bench.device->getEdgeFix(kNetworkLink);
+    QVERIFY(bench.device->edgeFixEnable); // the first byte of the angle's reply is 1
+    QCOMPARE(bench.device->edge_ShrinkLeft, 2U);
+}
+
+void LinkTest::saveSetupDoesNotReconnect()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    letSocketFall(bench);
+    bench.device->saveSetup(kNetworkLink);
+    QCOMPARE(bench.socket()->state(), QTcpSocket::UnconnectedState);
+    QCOMPARE(bench.host.record().size(), 0);
+    QCOMPARE(bench.broken.count(), 0);
+    QVERIFY(bench.device->isConnected);
+}
+
+void LinkTest::memoriesAndSetup_data()
+{
+    QTest::addColumn<uint>("method");
+    QTest::newRow("network") << uint(kNetworkLink);
+    QTest::newRow("serial") << uint(kSerialLink);
+}
+
+void LinkTest::memoriesAndSetup()
+{
+    QFETCH(uint, method);
+    DeviceBench bench(method);
+    QVERIFY(bench.connectUnit());
+    const QStringList status = {frameOn(method, "03006366"), frameOn(method, "03006063"),
+                                frameOn(method, "03006164"), frameOn(method, "03006265")};
+    const QString separator = QStringLiteral(", ");
+    bench.device->setVideoOut(method, PAL, YUV422, FIXED);
+    bench.host.clearRecord();
+
+    bench.device->saveMemory(method, 3);
+    QCOMPARE(bench.frames(), frameOn(method, "0400E403EB"));
+    bench.host.clearRecord();
+
+    bench.device->loadMemory(method, 0);
+    QCOMPARE(bench.frames(), (QStringList{frameOn(method, "0400640068")} + status).join(separator));
+    QCOMPARE(int(bench.device->videoOut.res), int(P59_1080)); // the factory's
+    bench.host.clearRecord();
+
+    bench.device->loadMemory(method, 3);
+    QCOMPARE(bench.frames(), (QStringList{frameOn(method, "040064036B")} + status).join(separator));
+    QCOMPARE(int(bench.device->videoOut.res), int(PAL));
+    bench.host.clearRecord();
+
+    bench.device->saveMemory(method, 256);
+    QCOMPARE(bench.frames(), frameOn(method, "0400E400E8"));
+    bench.host.clearRecord();
+
+    bench.device->saveSetup(method);
+    QCOMPARE(bench.frames(), (QStringList{frameOn(method, "0300E5E8")} + status).join(separator));
+    QVERIFY(bench.device->isConnected);
+}
+
+void LinkTest::failedRecallRefreshesNothing()
+{
+    DeviceBench network(kNetworkLink);
+    QVERIFY(network.connectUnit());
+    network.host.setFault(standin::AnyCode, standin::Fault::shortened(3));
+    network.device->loadMemory(kNetworkLink, 1);
+    QCOMPARE(network.host.codes(), (QVector<int>{0x64, 0x64, 0x64, 0x64}));
+    network.host.clearRecord();
+    // The flag has fallen; this operation alone looks at the socket instead, and that still stands.
+    network.device->saveSetup(kNetworkLink);
+    QCOMPARE(network.host.codes(), (QVector<int>{0xE5, 0xE5, 0xE5, 0xE5}));
+
+    DeviceBench serial(kSerialLink);
+    QVERIFY(serial.connectUnit());
+    serial.host.setFault(standin::AnyCode, standin::Fault::silent());
+    serial.device->loadMemory(kSerialLink, 1);
+    QCOMPARE(serial.host.codes(), (QVector<int>{0x64}));
+    serial.host.clearRecord();
+    serial.device->saveSetup(kSerialLink);
+    QCOMPARE(serial.host.codes(), (QVector<int>{0xE5}));
+}
+
+void LinkTest::serialPortClass()
+{
+    DeviceBench bench(kSerialLink);
+    serialPort port;
+    QByteArray data("x");
+    QCOMPARE(port.writeData(data), qint64(-1));
+    port.readData(data);
+    QVERIFY(data.isEmpty());
+    QCOMPARE(port.openSerialPort(bench.target()), QStringLiteral("OK"));
+    data = QByteArray::fromHex("03006C6F");
+    QCOMPARE(port.writeData(data), qint64(4));
+    QElapsedTimer timer;
+    timer.start();
+    port.readData(data);
+    QVERIFY(timer.elapsed() < 900);
+    QVERIFY(data.size() > 0);
+    QTest::qSleep(100);
+    timer.restart();
+    data = "stale";
+    bench.host.clearRecord();
+    port.readData(data);
+    port.readData(data);
+    VERIFY_BETWEEN(timer.elapsed(), 999, 2500);
+    QVERIFY(data.isEmpty());
+
+    port.handleError(QSerialPort::TimeoutError);
+    data = QByteArray::fromHex("03006C6F");
+    QCOMPARE(port.writeData(data), qint64(4));
+    port.handleError(QSerialPort::ResourceError);
+    QCOMPARE(port.writeData(data), qint64(-1));
+    port.closeSerialPort(); // closed already: nothing happens
+    port.about();
+
+    QStringList names;
+    for (const QSerialPortInfo &info : QSerialPortInfo::availablePorts())
+        names.append(info.portName());
+    QCOMPARE(port.getSerialInfoList(), names);
+    QCOMPARE(bench.device->getSerialInfoList(), names);
+}
+
+void LinkTest::accessors()
+{
+    DeviceBench bench(kNetworkLink);
+    qkv720 &device = *bench.device;
+    device.inputFG = {input_source(1), resolution(11), 21};
+    device.inputBG = {input_source(2), resolution(12), 22};
+    device.inputAUX = {input_source(3), resolution(13), 23};
+    device.inputSYNC = {input_source(4), resolution(14), 24};
+    device.PGM = {FG, true, false};
+    device.PVW = {BG, false, true};
+    device.PGM_HDMI = {AUX, true, false};
+    device.PVW_HDMI = {COMP, false, true};
+    for (uint target = 1; target <= 4; ++target) {
+        QCOMPARE(device.getInputRes(target), 10 + target);
+        QCOMPARE(device.getInputFreeze(target), 20 + int(target));
+        QCOMPARE(device.getInputSource(target), target == 4 ? 0U : target);
+        QCOMPARE(device.getOutSource(target), target == 4 ? 6U : target);
+        QCOMPARE(device.getOutLock(target), target % 2 == 1);
+        QCOMPARE(device.getOutMirror(target), target % 2 == 0);
+    }
+    for (const uint target : {0U, 5U, 0xFFFFFFFFU}) {
+        QCOMPARE(device.getInputRes(target), 0U);
+        QCOMPARE(device.getInputFreeze(target), 0);
+        QCOMPARE(device.getInputSource(target), 0U);
+        QCOMPARE(device.getOutSource(target), 0U);
+        QVERIFY(!device.getOutLock(target));
+        QVERIFY(!device.getOutMirror(target));
+    }
+    device.videoOut = {P60_2160, YUV422, ERROR};
+    QCOMPARE(device.getVideoOutRes(), 24U);
+    QCOMPARE(device.getVideoOutColorFormat(), 2U);
+    QCOMPARE(device.getVideoOutStd(), 999U);
+    device.setInputGenlock(-128);
+    device.setInputGenlock_H(40000);
+    device.setInputGenlock_V(-1);
+    device.genlockStatus = -3;
+    QCOMPARE(device.getInputGenlock(), -128);
+    QCOMPARE(device.getInputGenlock_H(), -25536);
+    QCOMPARE(device.getInputGenlock_V(), -1);
+    QCOMPARE(device.getInputGenlockStatus(), -3);
+    QCOMPARE(bench.host.record().size(), 0);
+}
+
+QTEST_GUILESS_MAIN(LinkTest)
+#include "tst_link.moc"
