@@ -178,7 +178,7 @@ void TestConfiguration::commands()
         QCOMPARE(LogCapture::lines().last(), QStringLiteral("ReadDatagram 15: 21"));
     }
     QCOMPARE(sent(), request);
-    QVERIFY(clock.elapsed() < 500);
+    QVERIFY(clock.elapsed() < 2000);
     QCOMPARE(busy.size(), 0);
 }
 
@@ -214,7 +214,7 @@ void TestConfiguration::badTextsSendNothing()
     QElapsedTimer clock;
     clock.start();
     QTEST(command(*hlnp, target, value), "text");
-    QVERIFY(clock.elapsed() < 200);
+    QVERIFY(clock.elapsed() < 1000);
     QTest::qWait(50);
     QVERIFY(!unit->hasPendingDatagrams());
     if (!log.isEmpty())
@@ -274,7 +274,7 @@ void TestConfiguration::aWriteThatFails()
     QCOMPARE(setGateway(*hlnp, outside, address), text);
     QCOMPARE(setPrimDns(*hlnp, outside, address), text);
     QCOMPARE(setSecDns(*hlnp, outside, address), text);
-    QVERIFY(clock.elapsed() < 500);
+    QVERIFY(clock.elapsed() < 2000);
 }
 
 void TestConfiguration::aFailedWriteLeavesTheNextExchangeItsEars()

@@ -341,7 +341,7 @@ void TestDatagrams::exactlyElevenReads()
     QElapsedTimer clock;
     clock.start();
     hlnp->processDatagrams();
-    QVERIFY(clock.elapsed() < 100);
+    QVERIFY(clock.elapsed() < 600);
     QCOMPARE(hlnp->deviceCount, 11);
     QCOMPARE(hlnp->scanDone, false);
 
@@ -359,7 +359,7 @@ void TestDatagrams::anEmptyCollectionTakesElevenSleeps()
     clock.start();
     hlnp->processDatagrams();
     QVERIFY(clock.elapsed() >= 1100);
-    QVERIFY(clock.elapsed() < 1600);
+    QVERIFY(clock.elapsed() < 2100);
     QCOMPARE(LogCapture::count(QStringLiteral("processDatagrams() Read length :")), 11);
 }
 

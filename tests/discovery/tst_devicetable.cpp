@@ -217,7 +217,7 @@ void TestDeviceTable::aScanWithoutAdapterEmptiesTheTables()
         QElapsedTimer clock;
         clock.start();
         hlnp->scanSlot(QStringLiteral("scan"), index);
-        QVERIFY(clock.elapsed() < 200);
+        QVERIFY(clock.elapsed() < 450);
         QVERIFY(hlnp->qkvDeviceList().isEmpty());
         QCOMPARE(hlnp->deviceCount, 0);
         QVERIFY(hlnp->allHlnpDevice[0].zcm.hlnpnetwork.ipadd.isEmpty());
@@ -349,7 +349,7 @@ void TestDeviceTable::dormantSlots()
     clock.start();
     hlnp->onGetDeviceModel();
     hlnp->onGetDeviceModelName();
-    QVERIFY(clock.elapsed() < 100);
+    QVERIFY(clock.elapsed() < 1000);
     QCOMPARE(done.size(), 0);
 
     fill(0, QStringLiteral("10.0.0.1")); // its MAC is empty, so nobody is asked
