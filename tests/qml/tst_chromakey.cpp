@@ -1,31 +1,397 @@
-#include "pageharness.h"
+#include "chromapanel.h"
 
-// The chromakey page under real mouse and key events.
+#include "moc_recordedfacade.cpp"
+
+// The chromakey page: its rows, and the commands that sliders, fields and buttons send.
 class TestChromakey : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void init();
+    void cleanup();
     void loadingIsNoChange();
+    void rowsStandAsTold_data();
+    void rowsStandAsTold();
+    void smallTextsUnderTheGrooves();
+    void sliderSendsItsGroup_data();
+    void sliderSendsItsGroup();
+    void typedNumberGoesOutAtOnce_data();
+    void typedNumberGoesOutAtOnce();
+    void typedNumberOutsideTheRangeIsNotAccepted();
+    void buttonsStepByOne();
+    void firstMoveOpensTheWindow();
+    void longDragSendsOneCommandPerWindow();
+    void slowUnitIsNeverMoreThanOneCommandBehind_data();
+    void slowUnitIsNeverMoreThanOneCommandBehind();
+    void onlyTheLaterGroupOfAWindowIsSent();
+    void openAngleSendsMinusFirst();
+    void openAngleFieldMovesTheSliderByKeystroke();
+    void openAngleButtonsStopAtTheEnds();
+    void colourFieldsSendAllThree_data();
+    void colourFieldsSendAllThree();
+    void colourFieldHoldsTheUnitsRange();
+    void automaticColour();
+    void swatchDoesNothing();
+    void hueBarsShowTheSpan();
+
+private:
+    std::unique_ptr<ChromaPanel> h;
 };
 
-namespace {
+void TestChromakey::init()
+{
+    h = std::make_unique<ChromaPanel>();
+    QVERIFY(h->show());
+}
 
-const QByteArray kPage = QByteArrayLiteral("PageChromakey { id: page; width: 1190; height: 620 }");
-
+void TestChromakey::cleanup()
+{
+    QCOMPARE(Messages::warnings(), QStringList());
+    h.reset();
 }
 
 void TestChromakey::loadingIsNoChange()
 {
-    PageHarness panel(kPage);
-    QVERIFY(panel.show());
     QTest::qWait(150);
-    QCOMPARE(panel.facade.calls, QStringList());
-    QCOMPARE(panel.number("commandIndex"), 0);
-    panel.grab(panel.window->contentItem(), "chroma-start");
-    QCOMPARE(Messages::warnings(), QStringList());
+    QCOMPARE(h->facade.calls, QStringList());
+    QCOMPARE(h->number("commandIndex"), 0);
+    QCOMPARE(h->number("sliderOPPlus.value"), 45);
+    QCOMPARE(h->number("sliderOPMinus.value"), 45);
+    QVERIFY(h->flag("matteOn && darkEnhanceOn && brightEnhanceOn && shadowEnhanceOn && edgeFix"));
+    QCOMPARE(h->text("[ckColorR, ckColorG, ckColorB].join()"), QStringLiteral("0,255,0"));
+    QCOMPARE(h->text("[colorBKH, colorBKS, colorBKL].join()"), QStringLiteral("0.3,0.5,0.5"));
+    QCOMPARE(h->text("[videoOutRes, xMax, yMax, colorTempH].join()"), QStringLiteral("16,478,268,0.3"));
+    QCOMPARE(h->color("recColorAdjust.color"), QStringLiteral("#00FF00"));
+    QCOMPARE(h->text("colorDialog.title"), QStringLiteral("Choose a color"));
+    h->grab(h->window->contentItem(), QStringLiteral("chroma-start"));
+}
+
+void TestChromakey::rowsStandAsTold_data()
+{
+    listChromaRows();
+}
+
+void TestChromakey::rowsStandAsTold()
+{
+    QFETCH(int, index);
+    const ChromaRow row = chromaRows().at(index);
+    const QString id = QLatin1String(row.id);
+    QCOMPARE(h->text(id + ".title"), QLatin1String(row.title));
+    QCOMPARE(h->number(id + ".sliderMin"), 0);
+    QCOMPARE(h->number(id + ".sliderMax"), row.high);
+    QCOMPARE(h->number(id + ".sliderValue"), 0);
+    QCOMPARE(h->flag(id + ".visible"), row.shown);
+    QCOMPARE(h->number(id + ".textValueMaxlength"), id.startsWith("shrink") ? 2 : 6);
+}
+
+void TestChromakey::smallTextsUnderTheGrooves()
+{
+    const QStringList texts = {"dark",   "Dark",  "Middle", "bright", "Bright",
+                               "Middle", "spill", "Cool",   "Warm"};
+    for (int i = 0; i < texts.size(); i += 3) {
+        const QString row = texts.at(i) + "Balance";
+        QCOMPARE(h->text(row + ".sliderTextLeftText"), texts.at(i + 1));
+        QCOMPARE(h->text(row + ".sliderTextRightText"), texts.at(i + 2));
+    }
+}
+
+void TestChromakey::sliderSendsItsGroup_data()
+{
+    listChromaRows();
+}
+
+void TestChromakey::sliderSendsItsGroup()
+{
+    QFETCH(int, index);
+    const ChromaRow row = chromaRows().at(index);
+    const QString id = QLatin1String(row.id);
+    h->fill();
+    if (row.shown)
+        h->drag(id + ".itemSlider", row.high * 0.7);
+    else
+        h->eval(id + ".sliderValue = " + QString::number(row.high * 7 / 10)); // no hand can reach it
+    const int value = h->number(id + ".sliderValue");
+    QVERIFY(qAbs(value - row.high * 0.7) < row.high * 0.05);
+    QCOMPARE(h->callsButPolls(), QStringList());
+    QTest::qWait(120);
+    QStringList expected = {"setRefreshTimer(false)", QString(row.command).arg(value),
+                            "setRefreshTimer(true)"};
+    // This row alone stops the poll with the move already.
+    while (id == "shrinkLeft" && expected.size() < h->facade.calls.size())
+        expected.prepend("setRefreshTimer(false)");
+    QCOMPARE(h->facade.calls, expected);
+    QVERIFY(id != "shrinkLeft" || expected.size() > 3);
+}
+
+void TestChromakey::typedNumberGoesOutAtOnce_data()
+{
+    listChromaRows();
+}
+
+void TestChromakey::typedNumberGoesOutAtOnce()
+{
+    QFETCH(int, index);
+    const ChromaRow row = chromaRows().at(index);
+    const QString id = QLatin1String(row.id);
+    h->fill();
+    const int before = h->number(id + ".sliderValue");
+    if (row.shown) {
+        h->typeInto(h->seen(id + ".itemText"), QStringLiteral("37"));
+    } else {
+        h->eval(id + ".textValue = \"37\"");
+        h->eval(id + ".textFieldChanged()");
+    }
+    const QStringList expected = {QString(row.command).arg(37), "msecSleep(100)", row.getter};
+    QCOMPARE(h->facade.calls, expected);
+    QCOMPARE(h->number(id + ".sliderValue"), before);
+    QCOMPARE(Messages::logs().filter("onTExtFieldChanged").size(),
+             QString(row.command).contains("Spill") ? 1 : 0);
+    QTest::qWait(120);
+    QCOMPARE(h->facade.calls, expected);
+}
+
+void TestChromakey::typedNumberOutsideTheRangeIsNotAccepted()
+{
+    h->fill();
+    h->typeInto(h->seen("softEdge.itemText"), QStringLiteral("101"));
+    QTest::qWait(80);
+    QCOMPARE(h->facade.calls, QStringList());
+    QCOMPARE(h->text("softEdge.itemText.text"), QStringLiteral("101"));
+    // Text that was not accepted stands until the slider next changes.
+    h->click(h->seen("softEdge.itemButtonIncrease"));
+    QCOMPARE(h->text("softEdge.itemText.text"), QStringLiteral("14"));
+}
+
+void TestChromakey::buttonsStepByOne()
+{
+    h->fill();
+    h->click(h->seen("darkLevel.itemButtonIncrease"));
+    QCOMPARE(h->number("darkLevel.sliderValue"), 211);
+    h->click(h->seen("darkLevel.itemButtonDecrease"));
+    h->click(h->seen("darkLevel.itemButtonDecrease"));
+    QCOMPARE(h->number("darkLevel.sliderValue"), 209);
+    QTest::qWait(120);
+    QCOMPARE(h->callsButPolls().last(), QStringLiteral("setCKDark(true, 209, 220, 30)"));
+}
+
+void TestChromakey::firstMoveOpensTheWindow()
+{
+    h->fill();
+    QQuickItem *slider = h->seen("blackLevel.itemSlider");
+    h->press(h->handle(slider, 100));
+    const qint64 start = h->facade.now();
+    h->move(h->handle(slider, 300));
+    for (int i = 1; i <= 8; ++i) {
+        QTest::qWait(8);
+        if (h->callsButPolls().isEmpty())
+            h->move(h->handle(slider, 300 + 50 * i));
+    }
+    QTRY_COMPARE(h->callsButPolls().size(), 1);
+    // Not put off by the later moves, and with the latest position.
+    const qint64 sent = h->facade.timesOf("setCKBWLevel").constFirst() - start;
+    QVERIFY2(sent >= 49 && sent < 110, qPrintable(QString::number(sent)));
+    QVERIFY(h->number("blackLevel.sliderValue") > 400);
+    QCOMPARE(h->callsButPolls().constFirst(),
+             QStringLiteral("setCKBWLevel(%1, 900, true)").arg(h->number("blackLevel.sliderValue")));
+    h->release(h->handle(slider, 700));
+}
+
+void TestChromakey::longDragSendsOneCommandPerWindow()
+{
+    h->fill();
+    QQuickItem *slider = h->seen("whiteLevel.itemSlider");
+    h->press(h->handle(slider, 900));
+    const qint64 start = h->facade.now();
+    int step = 0;
+    while (h->facade.now() - start < 600) {
+        h->move(h->handle(slider, 900 - 4 * ++step));
+        QTest::qWait(5);
+    }
+    h->release(h->handle(slider, 900 - 4 * step));
+    QTest::qWait(120);
+    const QVector<qint64> times = h->facade.timesOf("setCKBWLevel");
+    QVERIFY2(times.size() >= 5 && times.size() <= 13, qPrintable(QString::number(times.size())));
+    for (int i = 1; i < times.size(); ++i)
+        QVERIFY(times.at(i) - times.at(i - 1) >= 49);
+    QCOMPARE(h->callsButPolls().last(),
+             QStringLiteral("setCKBWLevel(100, %1, true)").arg(h->number("whiteLevel.sliderValue")));
+}
+
+void TestChromakey::slowUnitIsNeverMoreThanOneCommandBehind_data()
+{
+    QTest::addColumn<QString>("slider");
+    for (const ChromaRow &row : chromaRows()) {
+        if (row.shown)
+            QTest::newRow(row.id) << QString(row.id) + ".itemSlider";
+    }
+    QTest::newRow("plus") << QStringLiteral("sliderOPPlus");
+    QTest::newRow("minus") << QStringLiteral("sliderOPMinus");
+}
+
+void TestChromakey::slowUnitIsNeverMoreThanOneCommandBehind()
+{
+    QFETCH(QString, slider);
+    h->fill();
+    QQuickItem *item = h->seen(slider);
+    const qreal high = item->property("maximumValue").toReal();
+    h->facade.slowMs = 150;
+    h->press(h->handle(item, item->property("value").toReal()));
+    const qint64 start = h->facade.now();
+    while (h->facade.now() - start < 900) {
+        h->move(h->handle(item, high * (1 - double(h->facade.now() - start) / 1200)));
+        QTest::qWait(10);
+    }
+    h->move(h->handle(item, high / 5));
+    h->release(h->handle(item, high / 5));
+    const int sent = h->callsButPolls().size();
+    QTest::qWait(500);
+    const QStringList calls = h->callsButPolls();
+    QVERIFY(sent >= 3 && calls.size() <= sent + 1);
+    const QString last = QString::number(item->property("value").toInt());
+    QVERIFY2(calls.last().split(QRegularExpression("[(), ]+")).contains(last), qPrintable(calls.last()));
+}
+
+void TestChromakey::onlyTheLaterGroupOfAWindowIsSent()
+{
+    h->fill();
+    h->click(h->seen("whiteLevel.itemButtonDecrease"));
+    h->click(h->seen("darkLevel.itemButtonIncrease"));
+    QTest::qWait(150);
+    QCOMPARE(h->callsButPolls(), QStringList("setCKDark(true, 211, 220, 30)"));
+    QCOMPARE(h->number("commandIndex"), 3);
+}
+
+void TestChromakey::openAngleSendsMinusFirst()
+{
+    h->fill();
+    h->drag("sliderOPPlus", 80);
+    const int plus = h->number("sliderOPPlus.value");
+    QVERIFY(plus > 70);
+    QTest::qWait(120);
+    QCOMPARE(h->facade.calls,
+             QStringList({"setRefreshTimer(false)", QString("setCKAngle(21, %1)").arg(plus),
+                          "setRefreshTimer(true)"}));
+    h->facade.forget();
+    h->drag("sliderOPMinus", 5);
+    const int minus = h->number("sliderOPMinus.value");
+    QTest::qWait(120);
+    QCOMPARE(h->callsButPolls(), QStringList(QString("setCKAngle(%1, %2)").arg(minus).arg(plus)));
+    QCOMPARE(h->number("commandIndex"), 1);
+    QCOMPARE(h->number("sliderOPPlus.maximumValue"), 90);
+    QCOMPARE(h->number("sliderOPPlus.minimumValue"), 0);
+}
+
+void TestChromakey::openAngleFieldMovesTheSliderByKeystroke()
+{
+    h->fill();
+    h->typeInto(QStringLiteral("txtChromaOAMinus"), QStringLiteral("6"), Qt::Key_unknown);
+    QCOMPARE(h->number("sliderOPMinus.value"), 6);
+    QTest::keyClick(h->window, Qt::Key_3);
+    QCOMPARE(h->number("sliderOPMinus.value"), 63);
+    QTest::qWait(120);
+    QCOMPARE(h->callsButPolls(), QStringList("setCKAngle(63, 22)"));
+    // An emptied field is no number yet: the slider stays, and the next digit begins anew.
+    h->facade.forget();
+    QTest::keyClick(h->window, Qt::Key_Backspace);
+    QTest::keyClick(h->window, Qt::Key_Backspace);
+    QCOMPARE(h->text("txtChromaOAMinus.text"), QString());
+    QCOMPARE(h->number("sliderOPMinus.value"), 6);
+    QTest::keyClick(h->window, Qt::Key_9);
+    QTest::keyClick(h->window, Qt::Key_1);
+    // The slider holds at its end, and the field follows it.
+    QCOMPARE(h->number("sliderOPMinus.value"), 90);
+    QCOMPARE(h->text("txtChromaOAMinus.text"), QStringLiteral("90"));
+}
+
+void TestChromakey::openAngleButtonsStopAtTheEnds()
+{
+    h->fill();
+    emit h->facade.refreshCKAngle(1, 89);
+    h->settle();
+    for (int i = 0; i < 3; ++i) {
+        h->click("btnOAIncrease");
+        h->click("btnOADecrease2");
+    }
+    QCOMPARE(h->number("sliderOPPlus.value"), 90);
+    QCOMPARE(h->number("sliderOPMinus.value"), 0);
+    QTest::qWait(120);
+    QCOMPARE(h->callsButPolls().last(), QStringLiteral("setCKAngle(0, 90)"));
+    h->click("btnOADecrease");
+    h->click("btnOAIncrease2");
+    QCOMPARE(h->number("sliderOPPlus.value"), 89);
+    QCOMPARE(h->number("sliderOPMinus.value"), 1);
+    // On release and not on press.
+    h->press(h->middle(h->item("btnOADecrease")));
+    QCOMPARE(h->face("btnOADecrease.source"), QStringLiteral("btn_p_reduce_s_chromakey"));
+    QCOMPARE(h->number("sliderOPPlus.value"), 89);
+    h->release(h->middle(h->item("btnOADecrease")));
+    QCOMPARE(h->number("sliderOPPlus.value"), 88);
+}
+
+void TestChromakey::colourFieldsSendAllThree_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("R") << "txtBGR"
+                       << "setBKColor(8, 639, 290, 0)";
+    QTest::newRow("G") << "txtBGG"
+                       << "setBKColor(122, 8, 290, 0)";
+    QTest::newRow("B") << "txtBGB"
+                       << "setBKColor(122, 639, 8, 0)";
+}
+
+void TestChromakey::colourFieldsSendAllThree()
+{
+    QFETCH(QString, field);
+    QFETCH(QString, command);
+    h->fill();
+    h->typeInto(field, QStringLiteral("8"));
+    QCOMPARE(h->facade.calls, QStringList(command));
+}
+
+void TestChromakey::colourFieldHoldsTheUnitsRange()
+{
+    h->fill();
+    h->typeInto(QStringLiteral("txtBGG"), QStringLiteral("1000"));
+    QCOMPARE(h->facade.calls, QStringList("setBKColor(122, 1000, 290, 0)"));
+    h->facade.forget();
+    h->typeInto(QStringLiteral("txtBGG"), QStringLiteral("1001"));
+    QCOMPARE(h->facade.calls, QStringList());
+}
+
+void TestChromakey::automaticColour()
+{
+    h->fill();
+    h->click("btnCkBKColorAuto");
+    QCOMPARE(h->facade.calls, QStringList("setBKColor(122, 639, 290, 2)"));
+    QCOMPARE(Messages::logs(), QStringList({"Begin CK Auto", "End CK Auto"}));
+    QVERIFY(h->flag("btnCkBKColorAuto.enabled"));
+}
+
+void TestChromakey::swatchDoesNothing()
+{
+    h->fill();
+    h->click("recColorAdjust");
+    QTest::qWait(80);
+    QCOMPARE(h->facade.calls, QStringList());
+    QVERIFY(!h->flag("popupColorPicker.visible"));
+}
+
+void TestChromakey::hueBarsShowTheSpan()
+{
+    h->fill();
+    QCOMPARE(h->number("rowOpenAnglePlus.hue"), 140);
+    QCOMPARE(h->number("rowOpenAnglePlus.hueSpan"), 90);
+    QCOMPARE(h->number("rowOpenAngleMinus.hueSpan"), -90);
+    const QImage drawn = h->grab(h->item("rowOpenAnglePlus"), QStringLiteral("chroma-angle"));
+    const int hue = QColor(drawn.pixel(238, 57)).hslHue();
+    QVERIFY2(qAbs(hue - 140) <= 2, qPrintable(QString::number(hue)));
+    QVERIFY(qAbs(QColor(drawn.pixel(238 + 173, 57)).hslHue() - 185) <= 4);
+    QVERIFY(qAbs(QColor(drawn.pixel(238 + 345, 57)).hslHue() - 230) <= 2);
+    const QImage minus = h->grab(h->item("rowOpenAngleMinus"), QStringLiteral("chroma-angle-minus"));
+    QVERIFY(qAbs(QColor(minus.pixel(238 + 345, 57)).hslHue() - 50) <= 2);
 }
 
 QTEST_MAIN(TestChromakey)
-#include "moc_recordedfacade.cpp"
 #include "tst_chromakey.moc"
