@@ -1,0 +1,522 @@
+#include "chromapanel.h"
+
+#include "moc_recordedfacade.cpp"
+
+// The chromakey page: switches, resets, spill defaults, folding, what the unit reports, languages.
+class TestChromaSections : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void matteSwitch();
+    void matteReport_data();
+    void matteReport();
+    void matteOffLeavesStepsAndFieldOfTheLevels();
+    void sectionSwitch_data();
+    void sectionSwitch();
+    void sectionReport_data();
+    void sectionReport();
+    void edgeFixSwitchReadsBack();
+    void resetAnswersOnRelease_data();
+    void resetAnswersOnRelease();
+    void spillDefaultIsAReset();
+    void spillReportSetsTheFaces();
+    void enhanceBoxResets();
+    void enhanceFlippedByReportResets();
+    void vividBoxIsSentSoon();
+    void crossedOptionsOfSpill();
+    void echoGoesOutOnce_data();
+    void echoGoesOutOnce();
+    void echoOfTheLastGroupAlone();
+    void reportOfTheColour();
+    void folding_data();
+    void folding();
+    void foldingTheMatteHidesTheWhiteLevel();
+    void languageRenewsFacesAndTexts();
+    void facesAfterALanguageSwitchStayWrongUntilTheNextReport();
+    void picturesForTheEye_data();
+    void picturesForTheEye();
+
+private:
+    void checkMatte(bool on);
+    // How wide the title of a row is written.
+    qreal titleWidth(const char *row) const;
+
+    std::unique_ptr<ChromaPanel> h;
+};
+
+namespace {
+
+const QString kLive = QStringLiteral("#D8D8D8");
+const QString kDead = QStringLiteral("#333333");
+
+} // namespace
+
+void TestChromaSections::init()
+{
+    h = std::make_unique<ChromaPanel>();
+    QVERIFY(h->show());
+    h->fill();
+}
+
+void TestChromaSections::cleanup()
+{
+    QCOMPARE(Messages::warnings(), QStringList());
+    h.reset();
+}
+
+void TestChromaSections::checkMatte(bool on)
+{
+    const QString state = on ? "btn_n_" : "btn_d_";
+    QCOMPARE(h->face("pageCK_ContentHeader01.switchSource"),
+             on ? QStringLiteral("btn_switch_on_dashboard") : QStringLiteral("btn_switch_off_dashboard"));
+    for (const char *id : {"txtBackingColor", "txtOpenAngle", "txtBGR", "txtBGG", "txtBGB", "txtChromaOAPlus",
+                           "txtChromaOAMinus"})
+        QCOMPARE(h->color(QLatin1String(id) + ".color"), on ? kLive : kDead);
+    for (const char *id :
+         {"btnMGReset", "recColorAdjust", "imgColorPen", "btnCkBKColorAuto", "txtBGR", "txtBGG", "txtBGB",
+          "sliderOPPlus", "sliderOPMinus", "txtChromaOAPlus", "txtChromaOAMinus", "btnOADecrease",
+          "btnOAIncrease", "btnOADecrease2", "btnOAIncrease2"})
+        QVERIFY2(h->flag(QLatin1String(id) + ".enabled") == on, id);
+    QCOMPARE(h->face("btnMatteGenResetImage.source"), state + "reset_dashboard");
+    QCOMPARE(h->face("btnCkBKColorAuto.source"), state + "auto_bg_chromakey");
+    QCOMPARE(h->face("imgColorPen.source"), state + "pickcolor_chromakey");
+    for (const char *id : {"btnOADecrease", "btnOADecrease2"})
+        QCOMPARE(h->face(QLatin1String(id) + ".source"), state + "reduce_s_chromakey");
+    for (const char *id : {"btnOAIncrease", "btnOAIncrease2"})
+        QCOMPARE(h->face(QLatin1String(id) + ".source"), state + "increase_s_chromakey");
+    QCOMPARE(h->color("chromaItem01.sliderOPMaskColor"), QLatin1String(on ? "#8DC6E8" : "#5E5E5E"));
+    QCOMPARE(h->face("chromaItem01.sliderHandlerSource"), state + "slider_chromakey");
+    QCOMPARE(h->face("sliderOPPlus.handleSource"), state + "slider_chromakey");
+    QCOMPARE(h->flag("blackLevel.itemSlider.enabled"), on);
+    QCOMPARE(h->flag("whiteLevel.itemSlider.enabled"), on);
+    QCOMPARE(h->flag("matteOn"), on);
+}
+
+void TestChromaSections::matteSwitch()
+{
+    checkMatte(true);
+    h->click("pageCK_ContentHeader01.switchButton");
+    QCOMPARE(h->facade.calls, QStringList("setCKBWLevel(100, 900, false)"));
+    checkMatte(false);
+    h->facade.forget();
+    h->click("imgColorPen");
+    h->click("btnCkBKColorAuto");
+    h->click("btnMGReset");
+    h->click("btnOAIncrease");
+    QTest::qWait(80);
+    QCOMPARE(h->facade.calls, QStringList());
+    QVERIFY(!h->flag("popupColorPicker.visible"));
+    h->click("pageCK_ContentHeader01.switchButton");
+    QCOMPARE(h->facade.calls, QStringList("setCKBWLevel(100, 900, true)"));
+    checkMatte(true);
+}
+
+void TestChromaSections::matteReport_data()
+{
+    QTest::addColumn<bool>("on");
+    QTest::newRow("on") << true;
+    QTest::newRow("off") << false;
+}
+
+void TestChromaSections::matteReport()
+{
+    QFETCH(bool, on);
+    emit h->facade.refreshCKBWLevel(5, 6, on);
+    checkMatte(on);
+    QCOMPARE(h->number("blackLevel.sliderValue"), 5);
+    QCOMPARE(h->number("whiteLevel.sliderValue"), 6);
+    QCOMPARE(Messages::logs(),
+             QStringList(
+                 {"black white level =  5 6", QStringLiteral("Matte On =  %1").arg(on ? "true" : "false")}));
+}
+
+void TestChromaSections::matteOffLeavesStepsAndFieldOfTheLevels()
+{
+    h->click("pageCK_ContentHeader01.switchButton");
+    h->settle();
+    h->click(h->seen("blackLevel.itemButtonIncrease"));
+    QTest::qWait(120);
+    QCOMPARE(h->callsButPolls(), QStringList("setCKBWLevel(101, 900, false)"));
+}
+
+void TestChromaSections::sectionSwitch_data()
+{
+    QTest::addColumn<int>("section");
+    QTest::addColumn<QStringList>("rows");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("dark") << 2 << QStringList({"darkLevel", "darkDensity", "darkBalance"})
+                          << "setCKDark(%1, 210, 220, 30)";
+    QTest::newRow("bright") << 3 << QStringList({"brightLevel", "brightDensity", "brightBalance"})
+                            << "setCKBright(%1, 310, 320, 40)";
+    QTest::newRow("shadow") << 4 << QStringList("shadow") << "setCKShadow(%1, 410)";
+    QTest::newRow("edge") << 6 << QStringList({"shrinkLeft", "shrinkRight", "softEdge"})
+                          << "setEdgeFix(%1, 11, 12, 13)";
+}
+
+void TestChromaSections::sectionSwitch()
+{
+    QFETCH(int, section);
+    QFETCH(QStringList, rows);
+    QFETCH(QString, command);
+    const QString header = QStringLiteral("pageCK_ContentHeader0%1.").arg(section);
+    for (const bool on : {false, true}) {
+        h->facade.forget();
+        h->click(h->seen(header + "switchButton"));
+        QCOMPARE(h->facade.calls.value(0), command.arg(on ? "true" : "false"));
+        QCOMPARE(h->face(header + "switchSource"),
+                 on ? QString("btn_switch_on_dashboard") : "btn_switch_off_dashboard");
+        QCOMPARE(h->face(header + "resetSource"),
+                 on ? QString("btn_n_reset_dashboard") : "btn_d_reset_dashboard");
+        QCOMPARE(h->flag(header + "resetButton.enabled"), on);
+        for (const QString &row : rows) {
+            QCOMPARE(h->color(row + ".titleColor"), on ? kLive : kDead);
+            // The content as a whole is dead too, buttons and fields included.
+            QCOMPARE(h->flag(row + ".itemButtonIncrease.enabled"), on);
+            QCOMPARE(h->flag(row + ".itemText.enabled"), on);
+        }
+        h->facade.forget();
+        h->click(h->seen(header + "resetButton"));
+        QCOMPARE(h->facade.calls.size(), on ? 1 : 0);
+    }
+}
+
+void TestChromaSections::sectionReport_data()
+{
+    sectionSwitch_data();
+}
+
+void TestChromaSections::sectionReport()
+{
+    QFETCH(int, section);
+    QFETCH(QStringList, rows);
+    const QString header = QStringLiteral("pageCK_ContentHeader0%1.").arg(section);
+    for (const bool on : {false, true}) {
+        switch (section) {
+        case 2:
+            emit h->facade.refreshCKDark(on, 1, 2, 3);
+            break;
+        case 3:
+            emit h->facade.refreshCKBright(on, 1, 2, 3);
+            break;
+        case 4:
+            emit h->facade.refreshCKShadow(on, 1);
+            break;
+        default:
+            emit h->facade.refreshEdgeFix(on, 1, 2, 3);
+        }
+        for (int i = 0; i < rows.size(); ++i) {
+            QCOMPARE(h->number(rows.at(i) + ".sliderValue"), i + 1);
+            QCOMPARE(h->color(rows.at(i) + ".titleColor"), on ? kLive : kDead);
+            QCOMPARE(h->flag(rows.at(i) + ".itemSlider.enabled"), on);
+        }
+        QCOMPARE(h->face(header + "switchSource"),
+                 on ? QString("btn_switch_on_dashboard") : "btn_switch_off_dashboard");
+        QCOMPARE(h->face(header + "resetSource"),
+                 on ? QString("btn_n_reset_dashboard") : "btn_d_reset_dashboard");
+        QCOMPARE(h->flag(header + "resetButton.enabled"), on);
+    }
+    QCOMPARE(Messages::logs().filter("RefreshEdgeFix: ").size(), section == 6 ? 2 : 0);
+}
+
+void TestChromaSections::edgeFixSwitchReadsBack()
+{
+    h->click(h->seen("pageCK_ContentHeader06.switchButton"));
+    QCOMPARE(h->facade.calls,
+             QStringList({"setEdgeFix(false, 11, 12, 13)", "msecSleep(200)", "getEdgeFix()"}));
+    const QVector<qint64> times = h->facade.times;
+    QVERIFY(times.at(2) - times.at(0) >= 200);
+}
+
+void TestChromaSections::resetAnswersOnRelease_data()
+{
+    QTest::addColumn<int>("section");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("matte") << 1 << "resetBKColor()";
+    QTest::newRow("dark") << 2 << "resetCKDark()";
+    QTest::newRow("bright") << 3 << "resetCKBright()";
+    QTest::newRow("shadow") << 4 << "resetCKShadow()";
+    QTest::newRow("spill") << 5 << "resetCKSpillBright(1, false)";
+    QTest::newRow("edge") << 6 << "resetEdgeFix()";
+}
+
+void TestChromaSections::resetAnswersOnRelease()
+{
+    QFETCH(int, section);
+    QFETCH(QString, command);
+    const QString header = QStringLiteral("pageCK_ContentHeader0%1.").arg(section);
+    const QPoint place = h->middle(h->seen(header + "resetButton"));
+    h->press(place);
+    QCOMPARE(h->face(header + "resetSource"), QStringLiteral("btn_p_reset_dashboard"));
+    QCOMPARE(h->facade.calls, QStringList());
+    h->release(place);
+    QCOMPARE(h->face(header + "resetSource"), QStringLiteral("btn_n_reset_dashboard"));
+    QCOMPARE(h->facade.calls, QStringList(command));
+    QCOMPARE(Messages::logs(), section == 1 ? QStringList("MG Group Reset") : QStringList());
+}
+
+void TestChromaSections::spillDefaultIsAReset()
+{
+    h->click(h->seen("btnSpillHighImage"));
+    QCOMPARE(h->facade.calls, QStringList("resetCKSpillBright(2, false)"));
+    QCOMPARE(h->number("commandIndex"), 6);
+    QCOMPARE(h->face("btnSpillHighImage.source"), QStringLiteral("btn_p_spill_high_chromakey"));
+    QCOMPARE(h->face("btnSpillMidImage.source"), QStringLiteral("btn_n_spill_mid_chromakey"));
+    h->click("btnSpillHighImage");
+    QCOMPARE(h->facade.calls.size(), 1);
+    h->click("btnSpillLowImage");
+    h->click("btnSpillMidImage");
+    QCOMPARE(h->facade.calls.mid(1),
+             QStringList({"resetCKSpillBright(0, false)", "resetCKSpillBright(1, false)"}));
+}
+
+void TestChromaSections::spillReportSetsTheFaces()
+{
+    for (uint value = 0; value < 4; ++value) {
+        emit h->facade.refreshCKSpill(1, 2, 3, 4, true, value, false, false);
+        QCOMPARE(h->number("spillDefault"), int(value));
+        QCOMPARE(h->face("btnSpillLowImage.source").left(5), QLatin1String(value == 0 ? "btn_p" : "btn_n"));
+        QCOMPARE(h->face("btnSpillMidImage.source").left(5), QLatin1String(value == 1 ? "btn_p" : "btn_n"));
+        QCOMPARE(h->face("btnSpillHighImage.source").left(5), QLatin1String(value == 2 ? "btn_p" : "btn_n"));
+    }
+    QCOMPARE(h->text("[spillSuppression.sliderValue, spillEnhance.sliderValue, spillBalance.sliderValue, "
+                     "edgeBrightness.sliderValue].join()"),
+             QStringLiteral("1,2,3,4"));
+    QVERIFY(h->flag("checkboxVivid.checked"));
+    QVERIFY(!h->flag("checkboxVivid.visible || checkboxSpillSup.visible"));
+}
+
+void TestChromaSections::enhanceBoxResets()
+{
+    h->eval("checkboxSpillSup.checked = true");
+    QCOMPARE(h->facade.calls, QStringList("resetCKSpillBright(1, true)"));
+    QCOMPARE(h->number("commandIndex"), 6);
+}
+
+void TestChromaSections::enhanceFlippedByReportResets()
+{
+    emit h->facade.refreshCKSpill(510, 520, 530, 540, false, 2, false, true);
+    QCOMPARE(h->facade.calls, QStringList("resetCKSpillBright(2, true)"));
+    emit h->facade.refreshCKSpill(510, 520, 530, 540, false, 2, false, true);
+    QTest::qWait(120);
+    QCOMPARE(h->facade.calls.size(), 1);
+}
+
+void TestChromaSections::vividBoxIsSentSoon()
+{
+    h->eval("checkboxVivid.checked = true");
+    QCOMPARE(h->facade.calls, QStringList());
+    QTest::qWait(120);
+    QCOMPARE(h->facade.calls,
+             QStringList({"setRefreshTimer(false)", "setCKSpillBright(510, 520, 530, 540, 1, 1, false, true)",
+                          "setRefreshTimer(true)"}));
+}
+
+void TestChromaSections::crossedOptionsOfSpill()
+{
+    h->eval("checkboxSpillSup.checked = true");
+    h->settle();
+    h->click(h->seen("spillBalance.itemButtonIncrease"));
+    QTest::qWait(120);
+    QCOMPARE(h->callsButPolls(), QStringList("setCKSpillBright(510, 520, 531, 540, 0, 1, true, false)"));
+}
+
+void TestChromaSections::echoGoesOutOnce_data()
+{
+    QTest::addColumn<int>("group");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("angle") << 1 << "setCKAngle(33, 34)";
+    QTest::newRow("levels") << 2 << "setCKBWLevel(33, 34, true)";
+    QTest::newRow("dark") << 3 << "setCKDark(true, 33, 34, 35)";
+    QTest::newRow("bright") << 4 << "setCKBright(true, 33, 34, 35)";
+    QTest::newRow("shadow") << 5 << "setCKShadow(true, 33)";
+    QTest::newRow("spill") << 6 << "setCKSpillBright(33, 34, 35, 36, 0, 1, false, false)";
+    QTest::newRow("edge") << 7 << "setEdgeFix(true, 33, 34, 35)";
+}
+
+void TestChromaSections::echoGoesOutOnce()
+{
+    QFETCH(int, group);
+    QFETCH(QString, command);
+    for (int again = 0; again < 2; ++again) {
+        switch (group) {
+        case 1:
+            emit h->facade.refreshCKAngle(33, 34);
+            break;
+        case 2:
+            emit h->facade.refreshCKBWLevel(33, 34, true);
+            break;
+        case 3:
+            emit h->facade.refreshCKDark(true, 33, 34, 35);
+            break;
+        case 4:
+            emit h->facade.refreshCKBright(true, 33, 34, 35);
+            break;
+        case 5:
+            emit h->facade.refreshCKShadow(true, 33);
+            break;
+        case 6:
+            emit h->facade.refreshCKSpill(33, 34, 35, 36, false, 1, false, false);
+            break;
+        default:
+            emit h->facade.refreshEdgeFix(true, 33, 34, 35);
+        }
+        QTest::qWait(130);
+        // Equal values move nothing and send nothing.
+        QCOMPARE(h->callsButPolls(), again ? QStringList() : QStringList(command));
+        h->facade.forget();
+    }
+}
+
+void TestChromaSections::echoOfTheLastGroupAlone()
+{
+    emit h->facade.refreshCKAngle(1, 2);
+    emit h->facade.refreshCKDark(true, 3, 4, 5);
+    emit h->facade.refreshCKShadow(true, 6);
+    QTest::qWait(130);
+    QCOMPARE(h->callsButPolls(), QStringList("setCKShadow(true, 6)"));
+}
+
+void TestChromaSections::reportOfTheColour()
+{
+    emit h->facade.refreshBKColorAdjust("#0a141e", 40, 80, 120, 210, 0.5, 0.08);
+    QCOMPARE(h->color("colorDialog.color"), QStringLiteral("#0A141E"));
+    QCOMPARE(h->color("recColorAdjust.color"), QStringLiteral("#0A141E"));
+    QCOMPARE(h->text("[txtBGR.text, txtBGG.text, txtBGB.text].join()"), QStringLiteral("40,80,120"));
+    QCOMPARE(h->text("[colorPickerR, colorPickerG, colorPickerB].join()"), QStringLiteral("40,80,120"));
+    QCOMPARE(h->text("[colorBKH, colorBKS, colorBKL].join()"), QStringLiteral("210,0.5,0.08"));
+    QTest::qWait(120);
+    QCOMPARE(h->facade.calls, QStringList());
+}
+
+void TestChromaSections::folding_data()
+{
+    QTest::addColumn<int>("section");
+    QTest::addColumn<int>("atStart");
+    QTest::addColumn<int>("unfolded");
+    QTest::addColumn<QString>("inside");
+    QTest::newRow("matte") << 1 << 444 << 444 << "blackLevel";
+    QTest::newRow("dark") << 2 << 150 << 150 << "darkLevel";
+    QTest::newRow("bright") << 3 << 150 << 150 << "brightLevel";
+    QTest::newRow("shadow") << 4 << 150 << 150 << "shadow";
+    QTest::newRow("spill") << 5 << 370 << 420 << "spillBalance";
+    QTest::newRow("edge") << 6 << 296 << 296 << "softEdge";
+}
+
+void TestChromaSections::folding()
+{
+    QFETCH(int, section);
+    QFETCH(int, atStart);
+    QFETCH(int, unfolded);
+    QFETCH(QString, inside);
+    const QString header = QStringLiteral("pageCK_ContentHeader0%1.").arg(section);
+    const QString height = QStringLiteral("pageCK_ContentArea0%1.height").arg(section);
+    const QString folded = QStringLiteral("area0%1Folded").arg(section);
+    const int others = h->number("scrollContent.contentHeight") - atStart;
+    QCOMPARE(h->number(height), atStart);
+    QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_show_dashboard"));
+    h->click(h->seen(header + "foldButton"));
+    QVERIFY(h->flag(folded));
+    QVERIFY(!h->flag(inside + ".enabled"));
+    QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_hide_dashboard"));
+    QTest::qWait(60);
+    QVERIFY(h->number(height) > 74 && h->number(height) < atStart);
+    QTRY_COMPARE_WITH_TIMEOUT(h->number(height), 74, 1000);
+    QCOMPARE(h->number("scrollContent.contentHeight"), others + 74);
+    h->click(h->seen(header + "foldButton"));
+    QVERIFY(h->flag(inside + ".enabled"));
+    QTRY_COMPARE_WITH_TIMEOUT(h->number(height), unfolded, 1000);
+    QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_show_dashboard"));
+    QCOMPARE(h->facade.calls, QStringList());
+}
+
+void TestChromaSections::foldingTheMatteHidesTheWhiteLevel()
+{
+    h->click("pageCK_ContentHeader01.foldButton");
+    QVERIFY(!h->flag("whiteLevel.visible"));
+    QVERIFY(h->flag("blackLevel.visible"));
+    emit h->facade.refreshCKBWLevel(7, 8, true);
+    QCOMPARE(h->number("whiteLevel.sliderValue"), 8);
+}
+
+void TestChromaSections::languageRenewsFacesAndTexts()
+{
+    h->translator.setTranslation(QStringLiteral("zh_TW"));
+    QCOMPARE(h->text("sourcePath"), QStringLiteral("qrc:/img/pc/TW/"));
+    QCOMPARE(h->text("pageCK_ContentHeader01.title"), QString::fromUtf8("遮罩產生"));
+    QCOMPARE(h->face("btnSpillMidImage.source"), QStringLiteral("TW/btn_p_spill_mid_chromakey"));
+    QCOMPARE(h->face("btnColorPickerOK.source"), QStringLiteral("TW/btn_n_ok_adjust_color"));
+    for (int i = 1; i <= 6; ++i) {
+        const QString header = QStringLiteral("pageCK_ContentHeader0%1.").arg(i);
+        QCOMPARE(h->face(header + "resetSource"), QStringLiteral("TW/btn_n_reset_dashboard"));
+        if (i != 5)
+            QCOMPARE(h->face(header + "switchSource"), QStringLiteral("TW/btn_switch_on_dashboard"));
+    }
+    QVERIFY(Messages::logs().contains("onLanguageChanged(chromakey)"));
+    h->translator.setTranslation(QStringLiteral("zh_CN"));
+    QCOMPARE(h->text("sourcePath"), QStringLiteral("qrc:/img/pc/CN/"));
+    QCOMPARE(h->text("pageCK_ContentHeader01.title"), QString::fromUtf8("屏蔽产生"));
+}
+
+void TestChromaSections::facesAfterALanguageSwitchStayWrongUntilTheNextReport()
+{
+    h->click("pageCK_ContentHeader01.switchButton");
+    emit h->facade.refreshCKDark(false, 210, 220, 30);
+    h->translator.setTranslation(QStringLiteral("zh_CN"));
+    QCOMPARE(h->face("btnCkBKColorAuto.source"), QStringLiteral("CN/btn_n_auto_bg_chromakey"));
+    QCOMPARE(h->face("btnMatteGenResetImage.source"), QStringLiteral("CN/btn_n_reset_dashboard"));
+    QCOMPARE(h->face("pageCK_ContentHeader02.resetSource"), QStringLiteral("CN/btn_n_reset_dashboard"));
+    QCOMPARE(h->face("pageCK_ContentHeader01.switchSource"), QStringLiteral("CN/btn_switch_off_dashboard"));
+    QCOMPARE(h->face("pageCK_ContentHeader02.switchSource"), QStringLiteral("CN/btn_switch_off_dashboard"));
+    QVERIFY(!h->flag("btnCkBKColorAuto.enabled || btnMGReset.enabled"));
+    emit h->facade.refreshCKBWLevel(100, 900, false);
+    QCOMPARE(h->face("btnCkBKColorAuto.source"), QStringLiteral("CN/btn_d_auto_bg_chromakey"));
+    QCOMPARE(h->face("btnMatteGenResetImage.source"), QStringLiteral("CN/btn_d_reset_dashboard"));
+}
+
+qreal TestChromaSections::titleWidth(const char *row) const
+{
+    const QString title = h->text(QLatin1String(row) + ".title");
+    for (QQuickItem *text : h->item(QLatin1String(row))->findChildren<QQuickItem *>()) {
+        if (text->property("text").toString() == title && text->property("contentWidth").isValid())
+            return text->property("contentWidth").toReal();
+    }
+    return 1e6;
+}
+
+void TestChromaSections::picturesForTheEye_data()
+{
+    QTest::addColumn<QString>("language");
+    for (const char *language : {"en_US", "zh_TW", "zh_CN"})
+        QTest::newRow(language) << language;
+}
+
+// No title reaches the slider of its row in any language; the pictures themselves are for a look by eye.
+void TestChromaSections::picturesForTheEye()
+{
+    QFETCH(QString, language);
+    h->translator.setTranslation(language);
+    emit h->facade.refreshCKAngle(32, 45);
+    emit h->facade.refreshCKBWLevel(86, 914, true);
+    emit h->facade.refreshCKDark(true, 250, 0, 0);
+    QQuickItem *screen = h->window->contentItem();
+    h->grab(screen, "chroma-top-" + language);
+    for (const ChromaRow &row : chromaRows()) {
+        QVERIFY2(titleWidth(row.id) <= 178, row.id);
+    }
+    h->seen("softEdge");
+    h->eval("scrollContent.contentItem.contentY = scrollContent.contentHeight - scrollContent.height");
+    h->grab(screen, "chroma-end-" + language);
+    h->eval("scrollContent.contentItem.contentY = 0");
+    h->click("pageCK_ContentHeader01.switchButton");
+    h->grab(screen, "chroma-off-" + language);
+    h->click("pageCK_ContentHeader01.foldButton");
+    h->click("pageCK_ContentHeader02.foldButton");
+    QTest::qWait(300);
+    h->grab(screen, "chroma-folded-" + language);
+}
+
+QTEST_MAIN(TestChromaSections)
+#include "tst_chromasections.moc"
