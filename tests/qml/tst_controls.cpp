@@ -2,15 +2,12 @@
 
 #include "moc_recordedfacade.cpp"
 
-#include <QPainter>
-
 // The three shared controls: a row of a page, the drop-down, the spinner.
 class TestControls : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void init();
     void cleanup();
     void rowStartsAsTold();
     void rowStandsInItsColumns();
@@ -48,8 +45,6 @@ private:
 
     std::unique_ptr<PageHarness> h;
 };
-
-void TestControls::init() { }
 
 void TestControls::cleanup()
 {
