@@ -26,7 +26,8 @@ import grounds  # noqa: E402
 import picturefile  # noqa: E402
 import sheet  # noqa: E402
 import symbols  # noqa: E402
-from palette import FOLDERS  # noqa: E402
+from canvas import PangoCairo  # noqa: E402
+from palette import FAMILIES, FOLDERS  # noqa: E402
 
 
 def painters(folder):
@@ -46,6 +47,12 @@ def files():
         for name, paint in painters(folder):
             yield IMAGES / "pc" / folder / f"{name}.png", picturefile.png(paint().surface)
     yield IMAGES / "qkv720.ico", picturefile.ico([symbols.icon(size).surface for size in ICON_SIZES])
+
+
+def missing_families():
+    """The families that the words need and the system lacks: another one would be taken in silence."""
+    found = {family.get_name() for family in PangoCairo.FontMap.get_default().list_families()}
+    return sorted(set(FAMILIES.values()) - found)
 
 
 def draw():
@@ -87,6 +94,9 @@ def main():
     choice.add_argument("--check", action="store_true", help="compare the pictures under resources/img")
     choice.add_argument("--sheet", action="store_true", help="write the contact sheets under docs")
     options = parser.parse_args()
+    missing = missing_families()
+    if missing:
+        sys.exit(f"draw.py: no such font here: {', '.join(missing)}")
     if options.check:
         return check()
     return sheets() if options.sheet else draw()

@@ -249,7 +249,7 @@ def icon(size):
     canvas = Canvas(size, size)
     fill, light, border, *_ = FACES["n"]
     canvas.raised(size / 8, fill, light, border)
-    half_disc(canvas, size / 2, size / 2, size * 19 / 64, max(size * 3.4 / 64, 1.4))
+    half_disc(canvas, size / 2, size / 2, max(size * 19 / 64, 5.3), max(size * 3.4 / 64, 1.4))
     return canvas
 
 
