@@ -3,6 +3,7 @@
 
 #include "tests/support/testnetwork.h"
 #include "tests/support/unithost.h"
+#include "tests/support/vectors.h"
 
 #include <QElapsedTimer>
 #include <QUdpSocket>
@@ -20,6 +21,8 @@ class TestDiscovery : public QObject
     Q_OBJECT
 
 private slots:
+    void vectors_data();
+    void vectors();
     void networkRecord();
     void namesOfEveryLength();
     void identifiers();
@@ -110,6 +113,30 @@ QString ack(int type, int command)
 }
 
 } // namespace
+
+void TestDiscovery::vectors_data()
+{
+    QTest::addColumn<QByteArray>("out");
+    QTest::addColumn<QByteArray>("in");
+    const QVector<support::Datagram> datagrams = support::readDatagrams();
+    QCOMPARE(datagrams.size(), 14);
+    for (const support::Datagram &datagram : datagrams)
+        QTest::newRow(qPrintable(datagram.request)) << datagram.out << datagram.in;
+}
+
+void TestDiscovery::vectors()
+{
+    QFETCH(QByteArray, out);
+    QFETCH(QByteArray, in);
+    Pair pair;
+    pair.host->withNetwork([](standin::NetworkSettings &settings) {
+        settings.address = QHostAddress(QStringLiteral("192.168.72.10")); // as the record tells it
+        settings.gateway = QHostAddress(QStringLiteral("192.168.72.1"));
+        settings.primaryDns = QHostAddress(QStringLiteral("8.8.4.4"));
+        settings.secondaryDns = QHostAddress(QStringLiteral("9.9.9.9"));
+    });
+    QCOMPARE(hex(pair.ask(out)), hex(in));
+}
 
 void TestDiscovery::networkRecord()
 {

@@ -13,6 +13,12 @@
 #include <QUdpSocket>
 #include <QtTest>
 
+#include <array>
+#include <cstdlib>
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
 using support::RawNetwork;
 using support::RawSerial;
 using support::requestBody;
@@ -35,6 +41,7 @@ private slots:
     void logFile();
     void stateFileOutlivesTheProgram();
     void serialLink();
+    void serialDevice();
     void badOptions_data();
     void badOptions();
     void addressTaken();
@@ -285,6 +292,35 @@ void TestProgram::serialLink()
     QCOMPARE(again.exchange(requestBody(0x6F)).toHex(), QByteArray("05006f4000b4"));
     program.stop();
     QVERIFY(!QFileInfo(path).isSymLink());
+}
+
+void TestProgram::serialDevice()
+{
+    // The far end of a pseudo-terminal stands for a real port.
+    const int wire = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    QVERIFY(wire >= 0 && ::grantpt(wire) == 0 && ::unlockpt(wire) == 0);
+    const QString device = QString::fromLocal8Bit(::ptsname(wire));
+    Program program({QStringLiteral("--no-network"), QStringLiteral("--no-discovery"),
+                     QStringLiteral("--serial"), device});
+    QVERIFY(program.isReady());
+    QVERIFY(program.output.contains(QStringLiteral("serial ") + device));
+
+    termios settings{};
+    QCOMPARE(::tcgetattr(wire, &settings), 0);
+    QCOMPARE(::cfgetospeed(&settings), speed_t(B19200));
+    QCOMPARE(settings.c_cflag & CSIZE, tcflag_t(CS8));
+    QCOMPARE(settings.c_cflag & (CSTOPB | PARENB | CRTSCTS), tcflag_t(0));
+
+    const QByteArray request = requestBody(0x6F);
+    QCOMPARE(::write(wire, request.constData(), static_cast<size_t>(request.size())),
+             ssize_t(request.size()));
+    QVERIFY(program.waitFor(QStringLiteral("serial GET_DEVICE_TYPE")));
+    std::array<char, 64> reply{};
+    const ssize_t got = ::read(wire, reply.data(), reply.size());
+    QCOMPARE(QByteArray(reply.data(), static_cast<int>(got)).toHex(), QByteArray("05006f4000b4"));
+    ::close(wire);
+    QTest::qWait(100); // a port that is pulled out is no end of the program
+    QCOMPARE(program.process.state(), QProcess::Running);
 }
 
 void TestProgram::badOptions_data()

@@ -21,4 +21,14 @@ struct Vector
 // Empty when the file can't be read.
 QVector<Vector> readVectors();
 
+// One line of tests/vectors/datagrams.txt.
+struct Datagram
+{
+    QString request; // the keyword and its values
+    QByteArray out;
+    QByteArray in;
+};
+
+QVector<Datagram> readDatagrams();
+
 } // namespace support
