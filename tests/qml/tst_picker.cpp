@@ -1,0 +1,447 @@
+#include "chromapanel.h"
+
+#include "moc_recordedfacade.cpp"
+
+// The colour picker: opening, pad, steps, fields, endings.
+class TestPicker : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void opening_data();
+    void opening();
+    void keepsItsPlaceBetweenOpenings();
+    void standsWhereItIsDrawn();
+    void clickOnThePad_data();
+    void clickOnThePad();
+    void dragSendsOneCommandPer200Ms();
+    void leavingThePadTakesTheCursorAway();
+    void returningStartsTheCommandsAgain();
+    void hoverStopsTheTimer();
+    void releaseInsideIsAlsoAClick();
+    void sampleIsShown();
+    void stepsOnRelease();
+    void stepsStopAtTheEdges();
+    void fieldsPlaceTheCursor();
+    void fieldsHoldTheRange();
+    void ok();
+    void cancel_data();
+    void cancel();
+    void automatic();
+    void escapeLeavesTheCursor();
+    void escapeInADragSendsNoMore();
+    void outsideDoesNotClose();
+    void cancelBringsTheHueBack();
+    void colourDialogSendsItsText();
+    void facesFollowTheLanguage_data();
+    void facesFollowTheLanguage();
+
+private:
+    void open(int videoOutRes = 16);
+    QPoint pad(int x, int y) const { return h->at(h->item("colorPickerMouseArea"), x, y); }
+    bool isOpen() const { return h->flag("popupColorPicker.visible"); }
+
+    std::unique_ptr<ChromaPanel> h;
+};
+
+void TestPicker::init()
+{
+    h = std::make_unique<ChromaPanel>();
+    QVERIFY(h->show());
+    h->fill();
+}
+
+void TestPicker::cleanup()
+{
+    QCOMPARE(Messages::warnings(), QStringList());
+    h.reset();
+}
+
+void TestPicker::open(int videoOutRes)
+{
+    h->facade.videoOutRes = videoOutRes;
+    h->click("imgColorPen");
+    QTRY_VERIFY(h->flag("popupColorPicker.opened"));
+    QTest::qWait(30);
+    h->facade.forget();
+}
+
+void TestPicker::opening_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("limits");
+    QTest::newRow("none") << 0 << "1918,1078";
+    QTest::newRow("first") << 1 << "1278,718";
+    QTest::newRow("720p60") << 5 << "1278,718";
+    QTest::newRow("1080i50") << 6 << "1918,1078";
+    QTest::newRow("1080p60") << 16 << "1918,1078";
+    QTest::newRow("2160p23") << 17 << "3838,2158";
+    QTest::newRow("2160wp60") << 32 << "3838,2158";
+}
+
+void TestPicker::opening()
+{
+    QFETCH(int, code);
+    QFETCH(QString, limits);
+    h->facade.videoOutRes = code;
+    h->click("imgColorPen");
+    QCOMPARE(h->facade.calls, QStringList({"getVideoOutRes()", "setCursorData(3, 0, 0)"}));
+    QCOMPARE(h->number("videoOutRes"), code);
+    QCOMPARE(h->text("[xMax, yMax].join()"), limits);
+    QCOMPARE(h->number("colorTempH"), 140);
+    QVERIFY(isOpen());
+    QTRY_COMPARE(h->number("popupColorPicker.contentItem.opacity"), 1);
+}
+
+void TestPicker::keepsItsPlaceBetweenOpenings()
+{
+    open();
+    QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
+    h->click("btnColorPickerCancel");
+    QTRY_VERIFY(!isOpen());
+    h->facade.forget();
+    h->click("imgColorPen");
+    QCOMPARE(h->facade.calls.last(), QStringLiteral("setCursorData(3, 960, 540)"));
+}
+
+void TestPicker::standsWhereItIsDrawn()
+{
+    open();
+    const QVector<QPair<const char *, QRect>> places = {
+        {"colorPickerMouseAreaItem", {21, 69, 480, 270}},
+        {"txtColorPickerR", {21, 359, 80, 26}},
+        {"txtColorPickerG", {113, 359, 80, 26}},
+        {"txtColorPickerB", {205, 359, 80, 26}},
+        {"txtColorPickerH", {21, 409, 80, 26}},
+        {"btnDecreaseX", {311, 352, 40, 40}},
+        {"btnIncreaseX", {353, 352, 40, 40}},
+        {"btnDecreaseY", {311, 402, 40, 40}},
+        {"txtColorPickerX", {403, 361, 64, 22}},
+        {"txtColorPickerY", {403, 411, 64, 22}},
+        {"recColorPickerResult", {477, 382, 32, 32}},
+        {"btnColorPickerAuto", {13, 466, 110, 36}},
+        {"btnColorPickerCancel", {279, 466, 110, 36}},
+        {"btnColorPickerOK", {399, 466, 110, 36}},
+    };
+    for (const auto &place : places) {
+        QQuickItem *item = h->item(QLatin1String(place.first));
+        const QRectF drawn = item->mapRectToScene(QRectF(0, 0, item->width(), item->height()));
+        QCOMPARE(drawn.toRect().translated(-422, -123), place.second);
+    }
+    QCOMPARE(h->number("colorPickerMouseArea.cursorShape"), int(Qt::CrossCursor));
+    QCOMPARE(h->text("txtColorPickerTitle.text"), QStringLiteral("Pick Backing Color"));
+    h->grab(h->window->contentItem(), "picker");
+}
+
+void TestPicker::clickOnThePad_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QPoint>("place");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("720") << 3 << QPoint(123, 45) << "setCursorData(3, 328, 120)";
+    QTest::newRow("1080") << 16 << QPoint(123, 45) << "setCursorData(3, 492, 180)";
+    QTest::newRow("2160") << 24 << QPoint(123, 45) << "setCursorData(3, 984, 360)";
+    QTest::newRow("none") << 0 << QPoint(479, 269) << "setCursorData(3, 1916, 1076)";
+    QTest::newRow("corner") << 16 << QPoint(0, 0) << "setCursorData(3, 0, 0)";
+}
+
+void TestPicker::clickOnThePad()
+{
+    QFETCH(int, code);
+    QFETCH(QPoint, place);
+    QFETCH(QString, command);
+    open(code);
+    QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(place.x(), place.y()));
+    QTest::qWait(250);
+    QCOMPARE(h->facade.calls, QStringList(command));
+    QCOMPARE(h->text("colorPickerX + ', ' + colorPickerY"), h->text("tempX + ', ' + tempY"));
+}
+
+void TestPicker::dragSendsOneCommandPer200Ms()
+{
+    open();
+    h->press(pad(10, 10));
+    const qint64 start = h->facade.now();
+    int step = 0;
+    while (h->facade.now() - start < 2000) {
+        ++step;
+        h->move(pad(10 + step % 460, 10 + step % 250));
+        QTest::qWait(5);
+    }
+    const QVector<qint64> times = h->facade.timesOf("setCursorData");
+    QVERIFY2(times.size() >= 8 && times.size() <= 10, qPrintable(QString::number(times.size())));
+    QVERIFY(times.constFirst() - start >= 190);
+    for (int i = 1; i < times.size(); ++i) {
+        const qint64 gap = times.at(i) - times.at(i - 1);
+        QVERIFY2(gap >= 150 && gap <= 320, qPrintable(QString::number(gap)));
+    }
+    for (const QString &call : h->facade.calls)
+        QVERIFY(call.startsWith("setCursorData(3, "));
+    h->release(pad(20, 20));
+}
+
+void TestPicker::leavingThePadTakesTheCursorAway()
+{
+    open();
+    h->press(pad(100, 100));
+    h->move(pad(120, 100));
+    h->move(pad(479, 100));
+    QVERIFY(h->flag("timerMouseMovingCommand.running"));
+    h->eval("colorBKH = 7");
+    h->move(pad(480, 100));
+    QCOMPARE(h->facade.calls, QStringList("setCursorData(0, 1916, 400)"));
+    QCOMPARE(h->number("colorBKH"), 140);
+    h->move(pad(500, 100));
+    h->move(pad(100, -1));
+    h->move(pad(100, 270));
+    h->move(pad(-1, 100));
+    QTest::qWait(450);
+    QCOMPARE(h->facade.calls.size(), 1);
+    h->release(pad(-1, 100));
+    QTest::qWait(250);
+    QCOMPARE(h->facade.calls.size(), 1);
+}
+
+void TestPicker::returningStartsTheCommandsAgain()
+{
+    open();
+    h->press(pad(100, 100));
+    h->move(pad(101, 100));
+    h->move(pad(500, 100));
+    h->facade.forget();
+    h->move(pad(50, 50));
+    QTest::qWait(300);
+    QCOMPARE(h->facade.calls, QStringList("setCursorData(3, 200, 200)"));
+    h->release(pad(50, 50));
+}
+
+void TestPicker::hoverStopsTheTimer()
+{
+    open();
+    h->eval("timerMouseMovingCommand.start()");
+    QTest::mouseMove(h->window, pad(200, 100));
+    QTest::mouseMove(h->window, pad(210, 100));
+    QVERIFY(!h->flag("timerMouseMovingCommand.running"));
+    QCOMPARE(h->facade.calls, QStringList());
+}
+
+void TestPicker::releaseInsideIsAlsoAClick()
+{
+    open();
+    h->press(pad(100, 100));
+    h->move(pad(110, 110));
+    h->release(pad(110, 110));
+    QCOMPARE(h->facade.calls, QStringList("setCursorData(3, 440, 440)"));
+    QTest::qWait(300);
+    QCOMPARE(h->facade.calls.size(), 1);
+}
+
+void TestPicker::sampleIsShown()
+{
+    open();
+    QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
+    emit h->facade.refreshBKColorPicker("#c80a14", 785, 40, 80, 357, 0.9047, 0.4118);
+    QCOMPARE(h->color("recColorPickerResult.color"), QStringLiteral("#C80A14"));
+    QCOMPARE(h->color("recColorPickerMouseArea.color"), QStringLiteral("#C80A14"));
+    QCOMPARE(h->color("recColorAdjust.color"), QStringLiteral("#1FA24A"));
+    QCOMPARE(h->text("[txtColorPickerX.text, txtColorPickerY.text].join()"), QStringLiteral("960,540"));
+    QCOMPARE(h->text("[txtColorPickerR.text, txtColorPickerG.text, txtColorPickerB.text].join()"),
+             QStringLiteral("785,40,80"));
+    QCOMPARE(h->text("[txtColorPickerH.text, txtColorPickerS.text, txtColorPickerL.text].join()"),
+             QStringLiteral("357,0.90,0.41"));
+    // The key colour's own fields and bars wait for OK.
+    QCOMPARE(h->number("ckColorR"), 122);
+    QCOMPARE(h->number("colorBKH"), 140);
+}
+
+void TestPicker::stepsOnRelease()
+{
+    open();
+    QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
+    h->facade.forget();
+    const QPoint place = h->middle(h->item("btnIncreaseX"));
+    h->press(place);
+    QCOMPARE(h->face("btnIncreaseX.source"), QStringLiteral("btn_p_increase_s_chromakey"));
+    QCOMPARE(h->facade.calls, QStringList());
+    h->release(place);
+    QCOMPARE(h->face("btnIncreaseX.source"), QStringLiteral("btn_n_increase_s_chromakey"));
+    h->click("btnDecreaseY");
+    h->click("btnDecreaseX");
+    h->click("btnDecreaseX");
+    h->click("btnIncreaseY");
+    QCOMPARE(
+        h->facade.calls,
+        QStringList({"setCursorData(3, 961, 540)", "setCursorData(3, 961, 539)", "setCursorData(3, 960, 539)",
+                     "setCursorData(3, 959, 539)", "setCursorData(3, 959, 540)"}));
+    QCOMPARE(h->text("[tempX, tempY].join()"), QStringLiteral("959,540"));
+}
+
+void TestPicker::stepsStopAtTheEdges()
+{
+    open(3);
+    h->click("btnDecreaseX");
+    h->click("btnDecreaseY");
+    QCOMPARE(h->facade.calls, QStringList());
+    h->eval("colorPickerX = 1278");
+    h->eval("colorPickerY = 718");
+    for (int i = 0; i < 3; ++i) {
+        h->click("btnIncreaseX");
+        h->click("btnIncreaseY");
+    }
+    QCOMPARE(h->facade.calls, QStringList({"setCursorData(3, 1279, 718)", "setCursorData(3, 1279, 719)"}));
+    for (int i = 0; i < 2; ++i)
+        h->click("btnDecreaseX");
+    QCOMPARE(h->number("colorPickerX"), 1277);
+}
+
+void TestPicker::fieldsPlaceTheCursor()
+{
+    open();
+    h->typeInto(QStringLiteral("txtColorPickerX"), QStringLiteral("812"));
+    h->typeInto(QStringLiteral("txtColorPickerY"), QStringLiteral("430"));
+    QCOMPARE(h->facade.calls, QStringList({"setCursorData(3, 812, 0)", "setCursorData(3, 812, 430)"}));
+    QCOMPARE(h->text("[colorPickerX, tempX, colorPickerY, tempY].join()"), QStringLiteral("812,812,430,430"));
+    QCOMPARE(h->text("[txtColorPickerX.text, txtColorPickerY.text].join()"), QStringLiteral("812,430"));
+    QVERIFY(isOpen());
+}
+
+void TestPicker::fieldsHoldTheRange()
+{
+    open();
+    h->typeInto(QStringLiteral("txtColorPickerX"), QStringLiteral("1919"));
+    h->typeInto(QStringLiteral("txtColorPickerY"), QStringLiteral("1079"));
+    QCOMPARE(h->facade.calls.last(), QStringLiteral("setCursorData(3, 1919, 1079)"));
+    h->facade.forget();
+    h->typeInto(QStringLiteral("txtColorPickerX"), QStringLiteral("1920"));
+    QCOMPARE(h->facade.calls, QStringList());
+    // What passes the field in another way is held all the same.
+    h->eval("typePickerX(\"-5\")");
+    h->eval("typePickerY(\"5000\")");
+    QCOMPARE(h->facade.calls, QStringList({"setCursorData(3, 0, 1079)", "setCursorData(3, 0, 1079)"}));
+    QCOMPARE(h->text("[txtColorPickerX.text, txtColorPickerY.text].join()"), QStringLiteral("0,1079"));
+}
+
+void TestPicker::ok()
+{
+    open();
+    QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
+    emit h->facade.refreshBKColorPicker("#c80a14", 785, 40, 80, 357, 0.9, 0.41);
+    h->facade.forget();
+    h->click("btnColorPickerOK");
+    QCOMPARE(h->facade.calls,
+             QStringList({"setCursorData(0, 960, 540)", "msecSleep(100)", "setBKColor(999, 999, 999, 0)"}));
+    QCOMPARE(h->number("colorBKH"), 357);
+    QCOMPARE(h->number("colorTempH"), 357);
+    QTRY_VERIFY(!isOpen());
+}
+
+void TestPicker::cancel_data()
+{
+    QTest::addColumn<QString>("button");
+    QTest::newRow("Cancel") << "btnColorPickerCancel";
+    QTest::newRow("close") << "imgColorPickerClose";
+}
+
+void TestPicker::cancel()
+{
+    QFETCH(QString, button);
+    open();
+    QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
+    h->facade.forget();
+    h->click(button);
+    QCOMPARE(h->facade.calls, QStringList("setCursorData(0, 960, 540)"));
+    QCOMPARE(h->number("colorBKH"), 140);
+    QTRY_VERIFY(!isOpen());
+}
+
+void TestPicker::automatic()
+{
+    open();
+    QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
+    emit h->facade.refreshBKColorPicker("#c80a14", 785, 40, 80, 357, 0.9, 0.41);
+    h->facade.forget();
+    h->click("btnColorPickerAuto");
+    QCOMPARE(h->facade.calls, QStringList({"setCursorData(0, 960, 540)", "setBKColor(785, 40, 80, 1)"}));
+    QCOMPARE(h->number("colorBKH"), 140);
+    QVERIFY(h->flag("btnColorPickerAuto.enabled"));
+    QTRY_VERIFY(!isOpen());
+}
+
+void TestPicker::escapeLeavesTheCursor()
+{
+    open();
+    QTest::keyClick(h->window, Qt::Key_Escape);
+    QTRY_VERIFY(!isOpen());
+    QCOMPARE(h->facade.calls, QStringList());
+}
+
+void TestPicker::escapeInADragSendsNoMore()
+{
+    open();
+    h->press(pad(100, 100));
+    h->move(pad(110, 110));
+    QTest::keyClick(h->window, Qt::Key_Escape);
+    QTRY_VERIFY(!isOpen());
+    QTest::qWait(450);
+    QCOMPARE(h->facade.calls, QStringList());
+}
+
+void TestPicker::outsideDoesNotClose()
+{
+    open();
+    QTest::mouseClick(h->window, Qt::LeftButton, {}, QPoint(1200, 700));
+    QTest::qWait(300);
+    QVERIFY(isOpen());
+}
+
+void TestPicker::cancelBringsTheHueBack()
+{
+    open();
+    h->eval("colorBKH = 12");
+    h->click("btnColorPickerCancel");
+    QCOMPARE(h->number("rowOpenAnglePlus.hue"), 140);
+}
+
+void TestPicker::colourDialogSendsItsText()
+{
+    h->eval("colorDialog.color = \"#102030\"");
+    h->eval("colorDialog.accepted()");
+    QCOMPARE(h->facade.calls, QStringList("setBKColor(#102030, 0)"));
+    QCOMPARE(h->color("recColorAdjust.color"), QStringLiteral("#102030"));
+    QVERIFY(!h->flag("colorDialog.visible"));
+}
+
+void TestPicker::facesFollowTheLanguage_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QString>("folder");
+    QTest::newRow("English") << "en_US"
+                             << "";
+    QTest::newRow("traditional") << "zh_TW"
+                                 << "TW/";
+    QTest::newRow("simplified") << "zh_CN"
+                                << "CN/";
+}
+
+void TestPicker::facesFollowTheLanguage()
+{
+    QFETCH(QString, language);
+    QFETCH(QString, folder);
+    h->translator.setTranslation(language);
+    open();
+    QCOMPARE(h->face("btnColorPickerAuto.source"), folder + "btn_n_auto_pick_color");
+    QCOMPARE(h->face("btnColorPickerCancel.source"), folder + "btn_n_cancel_adjust_color");
+    QCOMPARE(h->face("popupColorPicker.background.source"), folder + "img_bg_pick_color_chromakey");
+    const QPoint place = h->middle(h->item("btnColorPickerOK"));
+    h->press(place);
+    QCOMPARE(h->face("btnColorPickerOK.source"), folder + "btn_p_ok_adjust_color");
+    h->grab(h->window->contentItem(), "picker-" + language);
+    h->move(QPoint(700, 100));
+    h->release(QPoint(700, 100));
+    QVERIFY(isOpen());
+}
+
+QTEST_MAIN(TestPicker)
+#include "tst_picker.moc"
