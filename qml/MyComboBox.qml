@@ -23,8 +23,10 @@ ComboBox {
         width: thiscombo.width
         height: thiscombo.height
         padding: 0
-        leftPadding: 6
+        leftPadding: 5
         rightPadding: 6
+        topPadding: thiscombo.latin ? 2 : 0
+        bottomPadding: thiscombo.latin ? 0 : 2
         highlighted: thiscombo.highlightedIndex === index
         contentItem: Text {
             text: modelData
