@@ -63,7 +63,8 @@ def splash():
 def pictures():
     yield "img_bg_02_dashboard", lambda: ground(1366, 768, GROUND)
     yield "img_bg_header_dashboard", header
-    yield "img_bg_output_dashboard", lambda: ground(1366, 100, BAND, (0, 0, 1366, 1, HAIR), (0, 99, 1366, 1, INK))
+    yield "img_bg_output_dashboard", lambda: ground(
+        1366, 100, BAND, (0, 0, 1366, 1, HAIR), (0, 99, 1366, 1, INK))
     # The third line is the upper line of the menu's first entry.
     yield "img_bg_menu_dashbpard", lambda: ground(
         176, 620, CHROME, (0, 0, 176, 1, HAIR), (175, 0, 1, 620, HAIR), (10, 9, 165, 1, HAIR2))

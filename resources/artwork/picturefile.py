@@ -1,5 +1,6 @@
 """Pictures as files: PNG in its smallest exact form, and the icon file."""
 
+import io
 import struct
 import zlib
 
@@ -90,8 +91,8 @@ def png(surface):
         raw = b"".join(b"\0" + line for line in lines)
     else:
         depth, kind, size = 8, (2 if opaque else 6), (3 if opaque else 4)
-        lines = [b"".join((word >> 8 if opaque else word).to_bytes(size, "big") for word in row) for row in rows]
-        raw = filtered(lines, size)
+        shift = 8 if opaque else 0
+        raw = filtered([b"".join((word >> shift).to_bytes(size, "big") for word in row) for row in rows], size)
     header = struct.pack(">IIBBBBB", width, height, depth, kind, 0, 0, 0)
     chunks.append(chunk(b"IDAT", zlib.compress(raw, 9)))
     return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + b"".join(chunks) + chunk(b"IEND", b"")
@@ -128,7 +129,6 @@ def same(path, data):
     if path.suffix != ".png":
         return False
     # Another compressor may write other bytes for the same pixels.
-    import io
     first, second = (cairo.ImageSurface.create_from_png(io.BytesIO(content)) for content in (found, data))
     if (first.get_width(), first.get_height()) != (second.get_width(), second.get_height()):
         return False

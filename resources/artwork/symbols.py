@@ -5,7 +5,7 @@ import math
 import cairo
 
 from canvas import Canvas
-from palette import (ATTENTION, FACES, INK, LANGUAGE, LIVE, OFF_SYMBOL, QUIET, TEXT, CHROME, HAIR, HAIR2, PANEL)
+from palette import ATTENTION, CHROME, FACES, HAIR, HAIR2, INK, LANGUAGE, LIVE, PANEL, QUIET, TEXT
 
 BUTT = cairo.LINE_CAP_BUTT
 MITER = cairo.LINE_JOIN_MITER

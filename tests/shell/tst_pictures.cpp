@@ -1,5 +1,5 @@
-// The pictures of the screen: each is there under its name, in every folder that looks for it, in the size that
-// the layouts count on, and the states of one control differ in nothing that would make it jump.
+// The pictures of the screen: each is there under its name, in every folder that looks for it, in the size
+// that the layouts count on, and the states of one control differ in nothing that would make it jump.
 
 #include <QDir>
 #include <QFileInfo>
