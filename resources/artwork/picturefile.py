@@ -92,7 +92,8 @@ def png(surface):
     else:
         depth, kind, size = 8, (2 if opaque else 6), (3 if opaque else 4)
         shift = 8 if opaque else 0
-        raw = filtered([b"".join((word >> shift).to_bytes(size, "big") for word in row) for row in rows], size)
+        lines = [b"".join((word >> shift).to_bytes(size, "big") for word in row) for row in rows]
+        raw = filtered(lines, size)
     header = struct.pack(">IIBBBBB", width, height, depth, kind, 0, 0, 0)
     chunks.append(chunk(b"IDAT", zlib.compress(raw, 9)))
     return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + b"".join(chunks) + chunk(b"IEND", b"")
