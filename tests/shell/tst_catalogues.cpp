@@ -188,8 +188,8 @@ private slots:
         const QSet<Key> inCatalogue =
             readCatalogue(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../resources/app_zh_CN.ts"));
         QVERIFY(!inCode.isEmpty());
-        QCOMPARE(sorted(inCode - inCatalogue), QStringList());
-        QCOMPARE(sorted(inCatalogue - inCode), kOnlyInCatalogue());
+        QCOMPARE(sorted(inCode - inCatalogue).join(QLatin1Char('\n')), QString());
+        QCOMPARE(sorted(inCatalogue - inCode).join(QLatin1Char('\n')), kOnlyInCatalogue().join(QLatin1Char('\n')));
     }
 
 private:
