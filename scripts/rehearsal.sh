@@ -101,12 +101,14 @@ wait_for "GET_HOLDOUT_WINDOW" 30 "the first read of the unit"
 sleep 2
 shot 2-connected
 
-# Chromakey, black level: a drag of its handle.
+# Chromakey: the matte on, then the black level by a drag of its handle.
 click 90 245
+click 536 195
+wait_for "SET_LEVELS.*matte=1" 5 "the matte switch"
 xdotool mousemove 483 491 mousedown 1; sleep 0.1
 for x in 500 530 560 590 617; do xdotool mousemove "$x" 491; sleep 0.15; done
 xdotool mouseup 1
-wait_for "SET_LEVELS" 5 "the black level"
+wait_for "SET_LEVELS black=[2-9]" 5 "the black level"
 shot 3-black-level
 
 # User memory: unlock, then load.
