@@ -1379,11 +1379,10 @@ Item {
 
                     DarkTextField {
                         id: txtColorPickerX
-                        anchors.verticalCenter: parent.verticalCenter
                         width: 64
-                        height: 22
-                        topPadding: 0
-                        bottomPadding: 0
+                        height: 40
+                        topInset: 9
+                        bottomInset: 9
                         rightPadding: 5
                         horizontalAlignment: TextInput.AlignRight
                         font.pixelSize: 20
@@ -1424,11 +1423,10 @@ Item {
 
                     DarkTextField {
                         id: txtColorPickerY
-                        anchors.verticalCenter: parent.verticalCenter
                         width: 64
-                        height: 22
-                        topPadding: 0
-                        bottomPadding: 0
+                        height: 40
+                        topInset: 9
+                        bottomInset: 9
                         rightPadding: 5
                         horizontalAlignment: TextInput.AlignRight
                         font.pixelSize: 20
@@ -1451,6 +1449,7 @@ Item {
                 width: 32
                 height: 32
                 color: colorDialog.color
+                border.color: "#1F1F1F"
             }
 
             Image {
