@@ -4,7 +4,8 @@
 #include <QDebug>
 
 // A signal told after pause.end() leaves after the poll's restart, one told before it leaves before. The gets
-// tell the device object's fields: a failed read returns a record without data and leaves the fields as they were.
+// tell the device object's fields: a failed read returns a record without data and leaves the fields as they
+// were.
 
 // ---- Telling what the device object holds -----------------------------------------------------------------
 

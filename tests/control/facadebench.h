@@ -1,0 +1,139 @@
+#pragma once
+
+#include "control/maincontrol.h"
+#include "device/qkv720.h"
+#include "discovery/hlnp.h"
+#include "shell/universalconst.h"
+#include "signalrecorder.h"
+#include "tests/support/unithost.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+#include <QtTest>
+
+#include <memory>
+
+// The device object behind the facade: reached by naming the member in an explicit instantiation, which may.
+template <qkv720 *mainControl::*Member>
+struct DeviceBehind
+{
+    friend qkv720 *deviceOf(mainControl &control) { return control.*Member; }
+};
+qkv720 *deviceOf(mainControl &control);
+template struct DeviceBehind<&mainControl::qkv720Obj>;
+
+inline QString settingsPath()
+{
+    return QStringLiteral("../../halvorine/qkv720/qkv720.ini");
+}
+
+inline void writeSettings(const QString &text)
+{
+    QDir().mkpath(QFileInfo(settingsPath()).path());
+    QFile file(settingsPath());
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0)
+        qFatal("can't write the settings file");
+}
+
+// Every key of a group as it lies on disk: "key=value", in the order of the alphabet.
+inline QStringList storedKeys(const QString &group)
+{
+    QSettings file(settingsPath(), QSettings::IniFormat);
+    file.beginGroup(group);
+    QStringList list;
+    for (const QString &key : file.allKeys())
+        list += key + QLatin1Char('=') + file.value(key).toString();
+    list.sort();
+    return list;
+}
+
+// A facade, a recorder of all its signals and a stand-in unit on one link.
+class FacadeBench
+{
+public:
+    explicit FacadeBench(uint link = 1)
+        : method(link)
+        , host(options(link))
+    {
+        start();
+    }
+    explicit FacadeBench(const support::UnitHost::Options &unit)
+        : method(1)
+        , host(unit)
+    {
+        start();
+    }
+    ~FacadeBench() { stop(); }
+    FacadeBench(const FacadeBench &) = delete;
+    FacadeBench &operator=(const FacadeBench &) = delete;
+
+    // The device object leaves its serial and discovery objects to the end of the process; tests end often.
+    void stop()
+    {
+        const std::unique_ptr<HLNP> discovery(device->hlnpObj);
+        const std::unique_ptr<serialPort> serial(device->serialObj);
+        const std::unique_ptr<QSettings> settings(control->initSettings);
+        recorder.reset();
+        control.reset();
+    }
+
+    // A second run of the panel on the same settings file. The start-up timer rests unless a test wants it.
+    void start()
+    {
+        control = std::make_unique<mainControl>();
+        control->timerStartUp->stop();
+        device = deviceOf(*control);
+        recorder = std::make_unique<SignalRecorder>(*control);
+    }
+    void restart()
+    {
+        stop();
+        start();
+    }
+
+    QString target() const { return method == 1 ? host.address() : host.serialPortName(); }
+
+    // Connects and forgets what that took.
+    bool connectUnit()
+    {
+        const QString result = control->deviceConnect(method, target(), 0);
+        recorder->take();
+        host.clearRecord();
+        if (result != QLatin1String("OK"))
+            qWarning() << "connect:" << result;
+        return result == QLatin1String("OK");
+    }
+
+    // The frames since the last look, from the command byte on and without the checksum: "d1 03 04".
+    QStringList frames()
+    {
+        QStringList list;
+        for (const standin::FrameRecord &frame : host.record()) {
+            if (frame.link == standin::LinkKind::Discovery)
+                continue;
+            QByteArray bytes(1, static_cast<char>(frame.code));
+            bytes += frame.payload;
+            list += (frame.isExtended() ? QStringLiteral("reset ") : QString())
+                + QString::fromLatin1(bytes.toHex(' '));
+        }
+        host.clearRecord();
+        return list;
+    }
+
+    uint method;
+    support::UnitHost host;
+    std::unique_ptr<mainControl> control;
+    qkv720 *device = nullptr;
+    std::unique_ptr<SignalRecorder> recorder;
+
+private:
+    static support::UnitHost::Options options(uint link)
+    {
+        support::UnitHost::Options unit;
+        unit.network = link == 1;
+        unit.serial = link == 2;
+        return unit;
+    }
+};
