@@ -1,0 +1,25 @@
+import QtQuick 2.12
+import QtQuick.Controls 2.5
+
+// A check box of the output band, as wide in every language.
+CheckBox {
+    id: mirrorCheckBox
+
+    width: 75
+    height: 30
+    padding: 0
+    spacing: 6
+    indicator: Image {
+        y: (mirrorCheckBox.height - height) / 2
+        source: mirrorCheckBox.checked ? "qrc:/img/pc/btn_p_checkbox_output.png"
+                                       : "qrc:/img/pc/btn_n_checkbox_output.png"
+        opacity: mirrorCheckBox.enabled ? 1.0 : 0.6
+    }
+    contentItem: PanelText {
+        leftPadding: 26
+        text: mirrorCheckBox.text
+        color: mirrorCheckBox.enabled ? "#949494" : "#6B7380"
+        font.pixelSize: 18
+    }
+    background: Item {}
+}

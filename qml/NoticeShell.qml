@@ -1,0 +1,28 @@
+import QtQuick 2.12
+import QtQuick.Controls 2.5
+
+// The shell of all notices: title, sign, and whatever stands in the notice (a NoticeText, buttons).
+//
+// Properties: heading, sign (picture); all of PopupFrame. It dims less than a panel, as it opens over one.
+PopupFrame {
+    property alias heading: headingText.text
+    property alias sign: signImage.source
+
+    source: "qrc:/img/pc/img_bg_notify.png"
+    closable: false
+    dimness: 0.40
+
+    PanelText {
+        id: headingText
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 5
+        height: 30
+        color: "#BFBFBF"
+    }
+
+    Image {
+        id: signImage
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: 48
+    }
+}

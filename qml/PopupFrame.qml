@@ -1,0 +1,51 @@
+import QtQuick 2.12
+import QtQuick.Controls 2.5
+
+// The shell of every modal popup: one picture as its ground, centred on its parent, fading in.
+//
+// Properties: source (the ground), dimness (how dark the screen behind it gets), title, closable (a close
+// cross at the top right); all of Popup. Children are placed on the ground in its own pixels.
+Popup {
+    id: popupFrame
+
+    property alias source: ground.source
+    property alias title: titleText.text
+    property alias closable: closeImage.visible
+    property real dimness: 0.55
+
+    anchors.centerIn: parent
+    modal: true
+    focus: true
+    padding: 0
+    font.pixelSize: Math.max(1, height * 0.03)
+    closePolicy: Popup.CloseOnEscape | Popup.CloseOnPressOutside
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0.0; to: 1.0 }
+    }
+    background: Item {}
+    contentItem: Image { id: ground }
+
+    Overlay.modal: Rectangle { color: Qt.rgba(0, 0, 0, popupFrame.dimness) }
+
+    PanelText {
+        id: titleText
+        x: 20
+        y: 10
+        height: 32
+        visible: text !== ""
+        color: "#8DC6E8"
+        font.pixelSize: 24
+        font.bold: true
+    }
+
+    Image {
+        id: closeImage
+        anchors { top: parent.top; topMargin: 16; right: parent.right; rightMargin: 20 }
+        source: "qrc:/img/pc/btn_n_close_dialog.png"
+
+        MouseArea {
+            anchors.fill: parent
+            onClicked: popupFrame.close()
+        }
+    }
+}
