@@ -179,7 +179,7 @@ signals:
                         unsigned int spillBalanceValue, unsigned int edgeBrightnessValue, bool vividValue,
                         unsigned int spillDefButton, bool spillVividDefault, bool spillSupEnhanceValue);
 
-private:
+protected:
     void note(const QString &name, const QVariantList &arguments)
     {
         QStringList texts;
@@ -196,5 +196,6 @@ private:
             QThread::msleep(slowMs);
     }
 
+private:
     QElapsedTimer m_clock;
 };
