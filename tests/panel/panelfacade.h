@@ -14,10 +14,10 @@ class PanelFacade : public RecordedFacade
 public:
     using RecordedFacade::RecordedFacade;
 
-    QStringList serialPorts { "ttyS0", "ttyUSB0" };
-    QStringList adapters { "[192.168.72.10] enp3s0", "[10.0.5.7] wlan0" };
+    QStringList serialPorts{"ttyS0", "ttyUSB0"};
+    QStringList adapters{"[192.168.72.10] enp3s0", "[10.0.5.7] wlan0"};
     QStringList units;
-    QStringList unitsAfterScan { "192.168.72.128", "192.168.72.129" };
+    QStringList unitsAfterScan{"192.168.72.128", "192.168.72.129"};
     QString connectResult = QStringLiteral("OK");
     QString saveResult = QStringLiteral("OK");
     bool connected = false;
@@ -26,7 +26,7 @@ public:
     QStringList netcards() const { return adapters; }
     QStringList addresses() const { return units; }
 
-    Q_INVOKABLE void setCurrentPage(int id) { note("setCurrentPage", { id }); }
+    Q_INVOKABLE void setCurrentPage(int id) { note("setCurrentPage", {id}); }
     Q_INVOKABLE bool isConnected()
     {
         note("isConnected", {});
@@ -34,43 +34,44 @@ public:
     }
     Q_INVOKABLE uint hlnpScan(QString cmd, int netcardIndex)
     {
-        note("hlnpScan", { cmd, netcardIndex });
+        note("hlnpScan", {cmd, netcardIndex});
         units = unitsAfterScan;
         emit refreshIPSelectList(units);
         return 1;
     }
 
 public slots:
-    void connectPopup(int method, int netcard) { note("connectPopup", { method, netcard }); }
+    void connectPopup(int method, int netcard) { note("connectPopup", {method, netcard}); }
     QString deviceConnect(uint method, QString select, uint selectedNetcardIndex)
     {
-        note("deviceConnect", { method, select, selectedNetcardIndex });
+        note("deviceConnect", {method, select, selectedNetcardIndex});
         return connectResult;
     }
-    void deviceDisConnect(uint method) { note("deviceDisConnect", { method }); }
-    void getHLNPDeviceInfo(uint index) { note("getHLNPDeviceInfo", { index }); }
-    void setVOut(uint res, uint colorFormat, uint std) { note("setVOut", { res, colorFormat, std }); }
+    void deviceDisConnect(uint method) { note("deviceDisConnect", {method}); }
+    void getHLNPDeviceInfo(uint index) { note("getHLNPDeviceInfo", {index}); }
+    void setVOut(uint res, uint colorFormat, uint std) { note("setVOut", {res, colorFormat, std}); }
     void saveSetup() { note("saveSetup", {}); }
-    void loadMemory(uint index) { note("loadMemory", { index }); }
-    void saveMemory(uint index) { note("saveMemory", { index }); }
-    void setOutSelect(uint pgmSource, bool pgmLock, bool pgmMirror, uint pvwSource, bool pvwLock, bool pvwMirror,
-                      uint pgmhdmiSource, bool pgmhdmiLock, bool pgmhdmiMirror, uint pvwhdmiSource,
-                      bool pvwhdmiLock, bool pvwhdmiMirror)
+    void loadMemory(uint index) { note("loadMemory", {index}); }
+    void saveMemory(uint index) { note("saveMemory", {index}); }
+    void setOutSelect(uint pgmSource, bool pgmLock, bool pgmMirror, uint pvwSource, bool pvwLock,
+                      bool pvwMirror, uint pgmhdmiSource, bool pgmhdmiLock, bool pgmhdmiMirror,
+                      uint pvwhdmiSource, bool pvwhdmiLock, bool pvwhdmiMirror)
     {
         note("setOutSelect",
-             { pgmSource, pgmLock, pgmMirror, pvwSource, pvwLock, pvwMirror, pgmhdmiSource, pgmhdmiLock,
-               pgmhdmiMirror, pvwhdmiSource, pvwhdmiLock, pvwhdmiMirror });
+             {pgmSource, pgmLock, pgmMirror, pvwSource, pvwLock, pvwMirror, pgmhdmiSource, pgmhdmiLock,
+              pgmhdmiMirror, pvwhdmiSource, pvwhdmiLock, pvwhdmiMirror});
     }
     QString hlnpSave(QString netcardIP, QString netcardText, int ipSelectIndex, QString macAdd, QString name,
                      int mode, QString ipaddr, QString mask, QString gateway, QString priDns, QString secDns)
     {
         note("hlnpSave",
-             { netcardIP, netcardText, ipSelectIndex, macAdd, name, mode, ipaddr, mask, gateway, priDns, secDns });
+             {netcardIP, netcardText, ipSelectIndex, macAdd, name, mode, ipaddr, mask, gateway, priDns,
+              secDns});
         return saveResult;
     }
     QString hlnpReboot(QString mac, QString netcard, QString address)
     {
-        note("hlnpReboot", { mac, netcard, address });
+        note("hlnpReboot", {mac, netcard, address});
         return QStringLiteral("OK");
     }
 
@@ -78,8 +79,8 @@ signals:
     void refreshConnection(int method, QString serialport, QString netcard, bool dhcpMode, QString ipaddr,
                            QString hostname, QString macaddr, QString gateway, QString mask, QString primDns,
                            QString secDns);
-    void refreshConnectionData(int test, QString test1, bool test0, QString test2, QString test3, QString test4,
-                               QString test5, QString test6, QString test7, QString test8);
+    void refreshConnectionData(int test, QString test1, bool test0, QString test2, QString test3,
+                               QString test4, QString test5, QString test6, QString test7, QString test8);
     void showVersion(QString fwversion, QString fpgaversion, QString blversion);
     void showVout(uint res, uint colorformat, uint std);
     void refreshOutputSourcePGM(uint source, bool lock, bool mirror);

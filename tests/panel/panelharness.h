@@ -18,7 +18,8 @@ public:
         Messages::warnings().clear();
         qInstallMessageHandler(&Messages::take);
         QLoggingCategory::setFilterRules(QStringLiteral("qt.qml.connections=false"));
-        QFont::insertSubstitution(QStringLiteral("Noto Sans CJK TC Regular"), QStringLiteral("Noto Sans CJK TC"));
+        QFont::insertSubstitution(QStringLiteral("Noto Sans CJK TC Regular"),
+                                  QStringLiteral("Noto Sans CJK TC"));
         m_engine.reset(new QQmlApplicationEngine);
         m_engine->rootContext()->setContextProperty(QStringLiteral("mainObject"), facade);
         m_engine->rootContext()->setContextProperty(QStringLiteral("qmlTranslator"), &translator);
@@ -39,7 +40,7 @@ public:
     // Evaluated where the ids of the main document are known.
     QVariant eval(const QString &expression) const
     {
-        QQuickItem *inside = window->contentItem()->childItems().constFirst();
+        QQuickItem *inside = itemOfDocument();
         QQmlExpression run(QQmlEngine::contextForObject(inside), inside, expression);
         const QVariant value = run.evaluate();
         if (run.hasError())
@@ -50,7 +51,10 @@ public:
     int number(const QString &expression) const { return eval(expression).toInt(); }
     bool flag(const QString &expression) const { return eval(expression).toBool(); }
     QString text(const QString &expression) const { return eval(expression).toString(); }
-    QString color(const QString &expression) const { return eval(expression).value<QColor>().name().toUpper(); }
+    QString color(const QString &expression) const
+    {
+        return eval(expression).value<QColor>().name().toUpper();
+    }
     QString face(const QString &id) const
     {
         return text(id + QStringLiteral(".source"))
@@ -112,8 +116,7 @@ public:
     // The whole window with its popups; kept under PICTURES_TO, if that is set, for a look by eye.
     QImage grab(const QString &name)
     {
-        const auto result = window->contentItem()->parentItem() ? window->contentItem()->parentItem()->grabToImage()
-                                                                : window->contentItem()->grabToImage();
+        const auto result = window->contentItem()->grabToImage();
         QSignalSpy ready(result.data(), &QQuickItemGrabResult::ready);
         if (!ready.wait(5000))
             return {};
@@ -124,5 +127,11 @@ public:
     }
 
 private:
+    // The window's own content stands beside its overlay of popups.
+    QQuickItem *itemOfDocument() const
+    {
+        return window->property("contentItem").value<QQuickItem *>()->childItems().constFirst();
+    }
+
     std::unique_ptr<QQmlApplicationEngine> m_engine;
 };

@@ -66,7 +66,7 @@ void TestLook::standsWhereThePicturesExpect()
 void TestLook::drawsEveryState_data()
 {
     QTest::addColumn<QString>("language");
-    for (const char *language : { "en_US", "zh_TW", "zh_CN" })
+    for (const char *language : {"en_US", "zh_TW", "zh_CN"})
         QTest::newRow(language) << language;
 }
 
@@ -144,12 +144,13 @@ void TestLook::movesOnlyTheWords()
     PanelFacade facade;
     PanelHarness h(&facade);
     QVERIFY(h.show());
-    const QStringList ids = { "comboPgmSdiOutput", "checkboxPGMSDI", "btnLockPGMSDI", "comboPvwOutput", "btnLockPVW",
-                              "comboUserMem", "outputMemoryLoad", "outputMemoryLock", "menuInput", "menuAuxLumakey",
-                              "txtIPAddr", "comboAddrmode", "btnConnectSave", "comboSetupVOutRes", "btnSetupSave",
-                              "btnFactoryReset", "btnWarningConfig", "btnSetupSaveFinished" };
+    const QStringList ids = {
+        "comboPgmSdiOutput", "checkboxPGMSDI",   "btnLockPGMSDI",       "comboPvwOutput",    "btnLockPVW",
+        "comboUserMem",      "outputMemoryLoad", "outputMemoryLock",    "menuInput",         "menuAuxLumakey",
+        "txtIPAddr",         "comboAddrmode",    "btnConnectSave",      "comboSetupVOutRes", "btnSetupSave",
+        "btnFactoryReset",   "btnWarningConfig", "btnSetupSaveFinished"};
     QStringList english;
-    for (const QString &language : QStringList { "en_US", "zh_TW", "zh_CN" }) {
+    for (const QString &language : QStringList{"en_US", "zh_TW", "zh_CN"}) {
         emit facade.refreshLanguage(language);
         QStringList places;
         for (const QString &id : ids) {

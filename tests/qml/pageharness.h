@@ -31,7 +31,7 @@ struct Messages
     }
     static void take(QtMsgType type, const QMessageLogContext &context, const QString &text)
     {
-        if (type == QtWarningMsg || type == QtCriticalMsg) {
+        if (type == QtWarningMsg || type == QtCriticalMsg || type == QtFatalMsg) {
             warnings() << text;
             fprintf(stderr, "warning: %s (%s)\n", qPrintable(text), context.file ? context.file : "");
         } else {
