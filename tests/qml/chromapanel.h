@@ -7,8 +7,8 @@
 class ChromaPanel : public PageHarness
 {
 public:
-    ChromaPanel()
-        : PageHarness(QByteArrayLiteral("PageChromakey { id: page; anchors.fill: parent }"))
+    explicit ChromaPanel(QObject *mainObject = nullptr)
+        : PageHarness(QByteArrayLiteral("PageChromakey { id: page; anchors.fill: parent }"), mainObject)
     {
     }
 

@@ -49,7 +49,8 @@ public:
     QmlTranslator translator;
 
     // content: what stands in the content area; the item with id "page" is the one under test.
-    explicit PageHarness(const QByteArray &content)
+    // mainObject: the facade to use in the place of the recorded one.
+    explicit PageHarness(const QByteArray &content, QObject *mainObject = nullptr)
     {
         Messages::logs().clear();
         Messages::warnings().clear();
@@ -57,7 +58,8 @@ public:
         QLoggingCategory::setFilterRules(QStringLiteral("qt.qml.connections=false"));
         QFont::insertSubstitution(QStringLiteral("Noto Sans CJK TC Regular"),
                                   QStringLiteral("Noto Sans CJK TC"));
-        m_engine.rootContext()->setContextProperty(QStringLiteral("mainObject"), &facade);
+        m_engine.rootContext()->setContextProperty(QStringLiteral("mainObject"),
+                                                   mainObject ? mainObject : &facade);
         m_engine.rootContext()->setContextProperty(QStringLiteral("qmlTranslator"), &translator);
         QQmlComponent component(&m_engine);
         component.setData(document(content), QUrl(QStringLiteral("qrc:/PageHarness.qml")));
