@@ -379,7 +379,7 @@ void TestProgram::restartAtTheNewAddress()
     QProcess *program =
         net.start(unit, QStringLiteral(UNIT_PROGRAM),
                   {QStringLiteral("--address"), QStringLiteral("192.168.72.10"), QStringLiteral("--adapter"),
-                   QStringLiteral("eth0"), QStringLiteral("--restart-time"), QStringLiteral("300")});
+                   QStringLiteral("eth0"), QStringLiteral("--restart-time"), QStringLiteral("1500")});
     QVERIFY2(net.isGood(), qPrintable(net.complaint()));
     QVERIFY(program->waitForReadyRead(5000));
     QVERIFY(TestNetwork::enter(panel));

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QThread>
 
 #include <algorithm>
 #include <array>
@@ -134,6 +135,23 @@ bool TestNetwork::ip(const QString &host, const QStringList &arguments)
     return run(QStringList{QStringLiteral("-n"), host} + arguments);
 }
 
+bool TestNetwork::waitForLink(const QString &host, const QString &adapter)
+{
+    constexpr int kLooks = 200;
+    for (int look = 0; look < kLooks; ++look) {
+        QProcess ip;
+        ip.start(QStringLiteral("ip"),
+                 {QStringLiteral("-n"), host, QStringLiteral("link"), QStringLiteral("show"),
+                  QStringLiteral("dev"), adapter});
+        if (ip.waitForFinished(kCommandMs) && ip.readAll().contains(" state UP "))
+            return true;
+        QThread::msleep(20);
+    }
+    if (trouble.isEmpty())
+        trouble = QStringLiteral("The test's own network didn't come up: %1 in %2").arg(adapter, host);
+    return false;
+}
+
 bool TestNetwork::plug(const QString &host, const QString &adapter, const QString &ethernetSwitch,
                        const QStringList &addresses)
 {
@@ -161,7 +179,9 @@ bool TestNetwork::plug(const QString &host, const QString &adapter, const QStrin
                   {QStringLiteral("route"), QStringLiteral("add"), QStringLiteral("default"),
                    QStringLiteral("dev"), adapter});
     ports.push_back({host, adapter, ethernetSwitch, switchPort});
-    return good;
+    // The kernel brings a link up in its own time, on a busy machine in a second; what is sent before is lost.
+    return good && waitForLink(host, adapter) && waitForLink(ethernetSwitch, switchPort)
+        && waitForLink(ethernetSwitch, QStringLiteral("br0"));
 }
 
 const TestNetwork::Port *TestNetwork::portOf(const QString &host, const QString &adapter) const

@@ -68,6 +68,7 @@ private:
 
     QString addNamespace(const char *kind);
     bool run(const QStringList &arguments);
+    bool waitForLink(const QString &host, const QString &adapter);
     const Port *portOf(const QString &host, const QString &adapter) const;
 
     QStringList namespaces;
