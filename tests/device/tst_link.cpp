@@ -17,16 +17,11 @@ private slots:
     void versionTexts();
     void networkVersionLengths_data();
     void networkVersionLengths();
-    void serialVersionLengths_data();
-    void serialVersionLengths();
     void anyDeviceTypeConnects();
     void silentDeviceTypeOnNetworkFails();
-    void silentDeviceTypeOnSerialConnects();
     void connectToNobody();
     void connectToClosedPort();
-    void connectToMissingSerialPort();
     void connectOnUnknownMethod();
-    void connectClosesTheSerialPort();
     void failedFirstStatusLeavesTheFlagUp();
     void disconnectSendsNothingMore();
     void reconnectAfterDisconnect();
@@ -38,18 +33,8 @@ private slots:
     void fourBytesAreEnough();
     void oneShortReadIsMadeGoodButEndsTheLink();
     void silentNetworkUnitBreaksFourTimes();
-    void silentSerialUnitRaisesNothing();
-    void wrongSerialChecksumIsRetried();
     void wrongNetworkChecksumPasses();
-    void serialTransportResults();
-    void serialTransportOnClosedPort();
-    void splitSerialReplySpoilsTheNext();
     void lateNetworkReplyIsTakenByTheNext();
-    void saveSetupDoesNotReconnect();
-    void memoriesAndSetup_data();
-    void memoriesAndSetup();
-    void failedRecallRefreshesNothing();
-    void serialPortClass();
     void accessors();
 
 private:
@@ -154,30 +139,6 @@ void LinkTest::networkVersionLengths()
         QCOMPARE(bench.device->getBLVersion(), QStringLiteral("10.2a"));
 }
 
-void LinkTest::serialVersionLengths_data()
-{
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<bool>("accepted");
-    QTest::addColumn<QString>("loader");
-    QTest::newRow("nothing") << QByteArray() << false << QString();
-    QTest::newRow("3 bytes") << QByteArray::fromHex("03006C") << false << QString();
-    QTest::newRow("4 bytes") << QByteArray::fromHex("03006C6F") << true << "0.00";
-    QTest::newRow("8 bytes") << withChecksum(QByteArray::fromHex("09006C01050223")) << true << "a0.00";
-}
-
-void LinkTest::serialVersionLengths()
-{
-    QFETCH(QByteArray, body);
-    QFETCH(bool, accepted);
-    DeviceBench bench(kSerialLink);
-    bench.host.setFault(standin::Version, standin::Fault::answer(body));
-    const QString result = bench.device->connectDevice(kSerialLink, bench.target());
-    QCOMPARE(result, accepted ? QStringLiteral("OK") : kVersionFailed);
-    QCOMPARE(bench.device->isConnected, accepted);
-    QTEST(bench.device->getBLVersion(), "loader");
-    QCOMPARE(bench.host.count(standin::Version), 1);
-}
-
 void LinkTest::anyDeviceTypeConnects()
 {
     DeviceBench bench(kNetworkLink);
@@ -195,15 +156,6 @@ void LinkTest::silentDeviceTypeOnNetworkFails()
     QCOMPARE(bench.broken.count(), 4);
     // The link itself was left open.
     QCOMPARE(bench.socket()->state(), QTcpSocket::ConnectedState);
-}
-
-void LinkTest::silentDeviceTypeOnSerialConnects()
-{
-    DeviceBench bench(kSerialLink);
-    bench.host.setFault(standin::DeviceType, standin::Fault::silent());
-    QCOMPARE(bench.device->connectDevice(kSerialLink, bench.target()), QStringLiteral("OK"));
-    QVERIFY(bench.device->isConnected);
-    QCOMPARE(bench.host.count(standin::DeviceType), 1);
 }
 
 void LinkTest::connectToNobody()
@@ -233,17 +185,6 @@ void LinkTest::connectToClosedPort()
     QVERIFY(!bench.device->isConnected);
 }
 
-void LinkTest::connectToMissingSerialPort()
-{
-    DeviceBench bench(kSerialLink);
-    QSerialPort port(QStringLiteral("/dev/no-such-port"));
-    QVERIFY(!port.open(QIODevice::ReadWrite));
-    QCOMPARE(bench.device->connectDevice(kSerialLink, QStringLiteral("/dev/no-such-port")),
-             port.errorString());
-    QVERIFY(!bench.device->isConnected);
-    QCOMPARE(bench.broken.count(), 0);
-}
-
 void LinkTest::connectOnUnknownMethod()
 {
     DeviceBench bench(kNetworkLink);
@@ -252,21 +193,6 @@ void LinkTest::connectOnUnknownMethod()
     QVERIFY(!bench.device->isConnected);
     QCOMPARE(bench.host.record().size(), 0);
     QCOMPARE(bench.socket()->state(), QTcpSocket::UnconnectedState);
-}
-
-void LinkTest::connectClosesTheSerialPort()
-{
-    DeviceBench serial(kSerialLink);
-    QVERIFY(serial.connectUnit());
-    DeviceBench network(kNetworkLink);
-    QCOMPARE(serial.device->connectDevice(kNetworkLink, network.target()), QStringLiteral("OK"));
-    QByteArray frame("x");
-    QCOMPARE(serial.device->serialObj->writeData(frame), qint64(-1));
-    // The other way round the socket stays open: only disconnectDevice closes it.
-    QCOMPARE(serial.device->connectDevice(kSerialLink, serial.target()), QStringLiteral("OK"));
-    QCOMPARE(serial.socket()->state(), QTcpSocket::ConnectedState);
-    serial.device->disconnectDevice(kNetworkLink);
-    QCOMPARE(serial.socket()->state(), QTcpSocket::UnconnectedState);
 }
 
 void LinkTest::failedFirstStatusLeavesTheFlagUp()
@@ -415,58 +341,10 @@ void LinkTest::silentNetworkUnitBreaksFourTimes()
     DeviceBench bench(kNetworkLink);
     QVERIFY(bench.connectUnit());
     bench.host.setFault(standin::Bright, standin::Fault::silent());
-    bench.device->getCKBright(kNetworkLink);
+    QVERIFY(bench.framesComeApart({1350, 1550, 2050}, [&bench] { bench.device->getCKBright(kNetworkLink); }));
     QCOMPARE(bench.broken.count(), 4);
     QCOMPARE(bench.host.count(standin::Bright), 4);
     QVERIFY(!bench.device->isConnected);
-    const QVector<int> gaps = bench.gapsMs();
-    QCOMPARE(gaps.size(), 3);
-    VERIFY_GAP(gaps.at(0), 1350);
-    VERIFY_GAP(gaps.at(1), 1550);
-    VERIFY_GAP(gaps.at(2), 2050);
-}
-
-void LinkTest::silentSerialUnitRaisesNothing()
-{
-    DeviceBench bench(kSerialLink);
-    QVERIFY(bench.connectUnit());
-    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
-    QElapsedTimer timer;
-    timer.start();
-    bench.device->getCKBright(kSerialLink);
-    VERIFY_BETWEEN(timer.elapsed(), 1149, 2000); // one attempt, no retry
-    QCOMPARE(bench.host.count(standin::Bright), 1);
-    QCOMPARE(bench.broken.count(), 0);
-    QVERIFY(bench.device->isConnected);
-
-    bench.device->getVideoOut(kSerialLink);
-    QCOMPARE(bench.host.count(standin::OutputStandard), 1);
-    QVERIFY(!bench.device->isConnected); // the only read that says so
-    QCOMPARE(bench.broken.count(), 0);
-}
-
-void LinkTest::wrongSerialChecksumIsRetried()
-{
-    DeviceBench bench(kSerialLink);
-    QVERIFY(bench.connectUnit());
-    bench.host.setFault(standin::Bright, standin::Fault::wrongChecksum(3));
-    bench.device->getCKBright(kSerialLink);
-    QCOMPARE(bench.host.count(standin::Bright), 4);
-    QCOMPARE(int(bench.device->ckBright.level), 300);
-    const QVector<int> gaps = bench.gapsMs();
-    QCOMPARE(gaps.size(), 3);
-    VERIFY_GAP(gaps.at(0), 450);
-    VERIFY_GAP(gaps.at(1), 650);
-    VERIFY_GAP(gaps.at(2), 1150);
-
-    bench.host.clearRecord();
-    bench.host.setFault(standin::Bright, standin::Fault::wrongChecksum());
-    bench.device->ckBright.level = 1;
-    bench.device->getCKBright(kSerialLink);
-    QCOMPARE(bench.host.count(standin::Bright), 4);
-    QCOMPARE(int(bench.device->ckBright.level), 1);
-    QVERIFY(bench.device->isConnected);
-    QCOMPARE(bench.broken.count(), 0);
 }
 
 void LinkTest::wrongNetworkChecksumPasses()
@@ -477,75 +355,6 @@ void LinkTest::wrongNetworkChecksumPasses()
     bench.device->getCKBright(kNetworkLink);
     QCOMPARE(bench.host.count(standin::Bright), 1);
     QCOMPARE(int(bench.device->ckBright.level), 300);
-}
-
-void LinkTest::serialTransportResults()
-{
-    DeviceBench bench(kSerialLink);
-    QVERIFY(bench.connectUnit());
-    QByteArray frame = QByteArray::fromHex("03005154");
-    QByteArray reply("stale");
-    QCOMPARE(bench.device->serialIO(&frame, &reply), 4);
-    QCOMPARE(reply.toHex(), QByteArray("0500512d2db0"));
-
-    bench.host.setFault(standin::Angle, standin::Fault::wrongChecksum());
-    QCOMPARE(bench.device->serialIO(&frame, &reply), -24);
-    QCOMPARE(reply.size(), 6); // the bytes stay
-
-    // Three bytes are not checked, four are.
-    bench.host.setFault(standin::Angle, standin::Fault::answer(QByteArray::fromHex("0299FF")));
-    QCOMPARE(bench.device->serialIO(&frame, &reply), 4);
-    QCOMPARE(reply.toHex(), QByteArray("0299ff"));
-    bench.host.setFault(standin::Angle, standin::Fault::answer(QByteArray::fromHex("0299FF00")));
-    QCOMPARE(bench.device->serialIO(&frame, &reply), -24);
-    QCOMPARE(reply.toHex(), QByteArray("0299ff00"));
-    bench.host.setFault(standin::Angle, standin::Fault::silent());
-    QCOMPARE(bench.device->serialIO(&frame, &reply), 4);
-    QVERIFY(reply.isEmpty());
-
-    // A frame of three bytes or fewer touches nothing.
-    for (const char *hex : {"", "03", "0300", "030051"}) {
-        QByteArray stub = QByteArray::fromHex(hex);
-        reply = "kept";
-        QElapsedTimer timer;
-        timer.start();
-        QCOMPARE(bench.device->serialIO(&stub, &reply), -1);
-        QVERIFY(timer.elapsed() < 50);
-        QCOMPARE(reply, QByteArray("kept"));
-    }
-    QVERIFY(bench.device->isConnected);
-    QCOMPARE(bench.broken.count(), 0);
-}
-
-void LinkTest::serialTransportOnClosedPort()
-{
-    DeviceBench bench(kSerialLink);
-    bench.device->isConnected = true;
-    QByteArray frame = QByteArray::fromHex("03005154");
-    QByteArray reply;
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(bench.device->serialIO(&frame, &reply), -1);
-    VERIFY_BETWEEN(timer.elapsed(), 900, 1400);
-    QVERIFY(!bench.device->isConnected);
-    QCOMPARE(bench.broken.count(), 1);
-}
-
-void LinkTest::splitSerialReplySpoilsTheNext()
-{
-    DeviceBench bench(kSerialLink);
-    QVERIFY(bench.connectUnit());
-    // The tail comes while the ladder sleeps, and the next read takes it in front of the next reply.
-    bench.host.setFault(standin::Angle, standin::Fault::split(5, 300, 1));
-    QByteArray frame = QByteArray::fromHex("03005154");
-    QByteArray reply;
-    QCOMPARE(bench.device->serialIO(&frame, &reply), -24);
-    QCOMPARE(reply.size(), 5);
-    QTest::qSleep(300);
-    QCOMPARE(bench.device->serialIO(&frame, &reply), -24);
-    QCOMPARE(reply.size(), 7);
-    QCOMPARE(bench.device->serialIO(&frame, &reply), 4);
-    QCOMPARE(reply.size(), 6);
 }
 
 void LinkTest::lateNetworkReplyIsTakenByTheNext()
@@ -566,121 +375,6 @@ void LinkTest::lateNetworkReplyIsTakenByTheNext()
     bench.device->getEdgeFix(kNetworkLink);
     QVERIFY(bench.device->edgeFixEnable); // the first byte of the angle's reply is 1
     QCOMPARE(bench.device->edge_ShrinkLeft, 2U);
-}
-
-void LinkTest::saveSetupDoesNotReconnect()
-{
-    DeviceBench bench(kNetworkLink);
-    QVERIFY(bench.connectUnit());
-    letSocketFall(bench);
-    bench.device->saveSetup(kNetworkLink);
-    QCOMPARE(bench.socket()->state(), QTcpSocket::UnconnectedState);
-    QCOMPARE(bench.host.record().size(), 0);
-    QCOMPARE(bench.broken.count(), 0);
-    QVERIFY(bench.device->isConnected);
-}
-
-void LinkTest::memoriesAndSetup_data()
-{
-    QTest::addColumn<uint>("method");
-    QTest::newRow("network") << uint(kNetworkLink);
-    QTest::newRow("serial") << uint(kSerialLink);
-}
-
-void LinkTest::memoriesAndSetup()
-{
-    QFETCH(uint, method);
-    DeviceBench bench(method);
-    QVERIFY(bench.connectUnit());
-    const QStringList status = {frameOn(method, "03006366"), frameOn(method, "03006063"),
-                                frameOn(method, "03006164"), frameOn(method, "03006265")};
-    const QString separator = QStringLiteral(", ");
-    bench.device->setVideoOut(method, PAL, YUV422, FIXED);
-    bench.host.clearRecord();
-
-    bench.device->saveMemory(method, 3);
-    QCOMPARE(bench.frames(), frameOn(method, "0400E403EB"));
-    bench.host.clearRecord();
-
-    bench.device->loadMemory(method, 0);
-    QCOMPARE(bench.frames(), (QStringList{frameOn(method, "0400640068")} + status).join(separator));
-    QCOMPARE(int(bench.device->videoOut.res), int(P59_1080)); // the factory's
-    bench.host.clearRecord();
-
-    bench.device->loadMemory(method, 3);
-    QCOMPARE(bench.frames(), (QStringList{frameOn(method, "040064036B")} + status).join(separator));
-    QCOMPARE(int(bench.device->videoOut.res), int(PAL));
-    bench.host.clearRecord();
-
-    bench.device->saveMemory(method, 256);
-    QCOMPARE(bench.frames(), frameOn(method, "0400E400E8"));
-    bench.host.clearRecord();
-
-    bench.device->saveSetup(method);
-    QCOMPARE(bench.frames(), (QStringList{frameOn(method, "0300E5E8")} + status).join(separator));
-    QVERIFY(bench.device->isConnected);
-}
-
-void LinkTest::failedRecallRefreshesNothing()
-{
-    DeviceBench network(kNetworkLink);
-    QVERIFY(network.connectUnit());
-    network.host.setFault(standin::AnyCode, standin::Fault::shortened(3));
-    network.device->loadMemory(kNetworkLink, 1);
-    QCOMPARE(network.host.codes(), (QVector<int>{0x64, 0x64, 0x64, 0x64}));
-    network.host.clearRecord();
-    // The flag has fallen; this operation alone looks at the socket instead, and that still stands.
-    network.device->saveSetup(kNetworkLink);
-    QCOMPARE(network.host.codes(), (QVector<int>{0xE5, 0xE5, 0xE5, 0xE5}));
-
-    DeviceBench serial(kSerialLink);
-    QVERIFY(serial.connectUnit());
-    serial.host.setFault(standin::AnyCode, standin::Fault::silent());
-    serial.device->loadMemory(kSerialLink, 1);
-    QCOMPARE(serial.host.codes(), (QVector<int>{0x64}));
-    serial.host.clearRecord();
-    serial.device->saveSetup(kSerialLink);
-    QCOMPARE(serial.host.codes(), (QVector<int>{0xE5}));
-}
-
-void LinkTest::serialPortClass()
-{
-    DeviceBench bench(kSerialLink);
-    serialPort port;
-    QByteArray data("x");
-    QCOMPARE(port.writeData(data), qint64(-1));
-    port.readData(data);
-    QVERIFY(data.isEmpty());
-    QCOMPARE(port.openSerialPort(bench.target()), QStringLiteral("OK"));
-    data = QByteArray::fromHex("03006C6F");
-    QCOMPARE(port.writeData(data), qint64(4));
-    QElapsedTimer timer;
-    timer.start();
-    port.readData(data);
-    QVERIFY(timer.elapsed() < 900);
-    QVERIFY(data.size() > 0);
-    QTest::qSleep(100);
-    timer.restart();
-    data = "stale";
-    bench.host.clearRecord();
-    port.readData(data);
-    port.readData(data);
-    VERIFY_BETWEEN(timer.elapsed(), 999, 2500);
-    QVERIFY(data.isEmpty());
-
-    port.handleError(QSerialPort::TimeoutError);
-    data = QByteArray::fromHex("03006C6F");
-    QCOMPARE(port.writeData(data), qint64(4));
-    port.handleError(QSerialPort::ResourceError);
-    QCOMPARE(port.writeData(data), qint64(-1));
-    port.closeSerialPort(); // closed already: nothing happens
-    port.about();
-
-    QStringList names;
-    for (const QSerialPortInfo &info : QSerialPortInfo::availablePorts())
-        names.append(info.portName());
-    QCOMPARE(port.getSerialInfoList(), names);
-    QCOMPARE(bench.device->getSerialInfoList(), names);
 }
 
 void LinkTest::accessors()

@@ -189,7 +189,7 @@ void OperationsTest::setsOnDeadSerialChangeTheState()
     QElapsedTimer timer;
     timer.start();
     bench.device->setCKDark(kSerialLink, true, 1, 2, 3);
-    VERIFY_BETWEEN(timer.elapsed(), 4 * 900 + 1800, 4 * 900 + 1800 + 1500);
+    VERIFY_BETWEEN(timer.elapsed(), 4 * 900 + 1800, 4 * 900 + 1800 + 3000);
     QCOMPARE(bench.device->ckDark.enable, true);
     QCOMPARE(int(bench.device->ckDark.level), 1);
     QCOMPARE(int(bench.device->ckDark.density), 2);

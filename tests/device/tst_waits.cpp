@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-// How long each command gives the unit. The lower bound is exact; the upper one is taken from the quickest of a few
+// How long each command gives the unit. The lower bound is exact; the upper one is that of the quickest of a few
 // runs, so that a busy machine doesn't blur 50 into 100 ms.
 class WaitsTest : public QObject
 {
@@ -91,17 +91,19 @@ void WaitsTest::measure(uint method)
     QFETCH(int, waitMs);
     DeviceBench bench(method);
     QVERIFY(bench.connectUnit());
-    qint64 quickestNs = std::numeric_limits<qint64>::max();
-    const int runs = waitMs < 1000 ? 5 : 1;
-    for (int i = 0; i < runs; ++i) {
+    // No run may be quicker than the wait; one must come close to it.
+    const int upperMs = waitMs < 1000 ? waitMs + 45 : waitMs + 800;
+    double quickestMs = std::numeric_limits<double>::max();
+    int runs = 0;
+    while (quickestMs >= upperMs && runs < 20) {
         QElapsedTimer timer;
         timer.start();
         call(*bench.device, method);
-        quickestNs = std::min(quickestNs, timer.nsecsElapsed());
+        quickestMs = std::min(quickestMs, double(timer.nsecsElapsed()) / 1e6);
+        ++runs;
     }
     QCOMPARE(bench.host.record().size(), runs); // no retries
-    const int upper = waitMs < 1000 ? waitMs + 45 : waitMs + 800;
-    VERIFY_BETWEEN(double(quickestNs) / 1e6, double(waitMs), double(upper));
+    VERIFY_BETWEEN(quickestMs, double(waitMs), double(upperMs));
 }
 
 QTEST_GUILESS_MAIN(WaitsTest)
