@@ -26,10 +26,19 @@ public:
         settle();
     }
 
-    // Waits until no window of the throttle is open, and forgets what was called.
+    // Waits until the window of the throttle, if one is open, has closed and its command is out.
+    void waitForThrottle()
+    {
+        QTest::qWait(20);
+        while (flag(QStringLiteral("timerSliderCommand.running")))
+            QTest::qWait(10);
+        QTest::qWait(20);
+    }
+
+    // The same, and forgets what was called.
     void settle()
     {
-        QTest::qWait(120);
+        waitForThrottle();
         facade.forget();
         Messages::logs().clear();
     }
