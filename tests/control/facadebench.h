@@ -49,6 +49,19 @@ inline QStringList storedKeys(const QString &group)
     return list;
 }
 
+// Ends a run of the panel. The facade leaves its settings handle, and the device object its serial and
+// discovery objects, to the end of the process; tests end more often than that.
+inline void discard(std::unique_ptr<mainControl> &control)
+{
+    if (!control)
+        return;
+    const qkv720 *device = deviceOf(*control);
+    const std::unique_ptr<HLNP> discovery(device->hlnpObj);
+    const std::unique_ptr<serialPort> serial(device->serialObj);
+    const std::unique_ptr<QSettings> settings(control->initSettings);
+    control.reset();
+}
+
 // A facade, a recorder of all its signals and a stand-in unit on one link.
 class FacadeBench
 {
@@ -69,14 +82,10 @@ public:
     FacadeBench(const FacadeBench &) = delete;
     FacadeBench &operator=(const FacadeBench &) = delete;
 
-    // The device object leaves its serial and discovery objects to the end of the process; tests end often.
     void stop()
     {
-        const std::unique_ptr<HLNP> discovery(device->hlnpObj);
-        const std::unique_ptr<serialPort> serial(device->serialObj);
-        const std::unique_ptr<QSettings> settings(control->initSettings);
         recorder.reset();
-        control.reset();
+        discard(control);
     }
 
     // A second run of the panel on the same settings file. The start-up timer rests unless a test wants it.

@@ -273,8 +273,8 @@ void TestConnect::linkThatDiesAt()
     bench.host.setFault(code, standin::Fault::silent());
     QCOMPARE(bench.control->deviceConnect(1, bench.target(), 0), QStringLiteral("OK"));
 
-    // The failing read warns at each of its four attempts and still tells its stored values; the reads behind it
-    // say nothing, the last memory is told and the connection stored, and the poll rests.
+    // The failing read warns at each of its four attempts and still tells its stored values; the reads behind
+    // it say nothing, the last memory is told and the connection stored, and the poll rests.
     QStringList expected = connectSignals().mid(0, toldBefore);
     for (int i = 0; i < 4; ++i)
         expected.insert(toldBefore - 1, QStringLiteral("warning(Disconnected)"));

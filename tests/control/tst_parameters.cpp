@@ -245,7 +245,7 @@ void TestParameters::withoutALink()
 
 void TestParameters::failedGetsTellTheStoredValues()
 {
-    // On the serial link a silent unit does not end the link, so the signal follows the poll's restart as ever.
+    // On the serial link a silent unit does not end the link, so all six slots run.
     FacadeBench bench(2);
     bench.host.withUnit(prepare);
     QVERIFY(bench.connectUnit());
