@@ -7,8 +7,8 @@ Item {
     id: foldingSection
 
     function foldTo(h) {
-        foldAnimation.to = h;
-        foldAnimation.restart();
+        foldAnimation.to = h
+        foldAnimation.restart()
     }
 
     width: 1110

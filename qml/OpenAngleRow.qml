@@ -61,7 +61,7 @@ InputLine {
         live: openAngleRow.live
         onPressedChanged: {
             if (!pressed && angleSlider.value > 0)
-                angleSlider.value -= 1;
+                angleSlider.value -= 1
         }
     }
 
@@ -74,7 +74,7 @@ InputLine {
         onPressedChanged: {
             // The bound is the largest byte; the slider itself holds at its own end.
             if (!pressed && angleSlider.value < 255)
-                angleSlider.value += 1;
+                angleSlider.value += 1
         }
     }
 
@@ -96,7 +96,7 @@ InputLine {
         // Each keystroke moves the slider. An emptied field is a number not yet typed.
         onTextChanged: {
             if (text !== "")
-                angleSlider.value = parseInt(text);
+                angleSlider.value = parseInt(text)
         }
     }
 }

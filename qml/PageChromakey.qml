@@ -1,16 +1,17 @@
+import QtQuick 2.12
+import QtQuick.Controls 2.5
+import QtQuick.Dialogs 1.2
+import "Pictures.js" as Pictures
+
 // The chromakey page: six foldable sections in one scrolling column, and the colour picker.
 //
 // The page is not polled. Its values arrive on connect, on memory recall, after a reset and after a
 // number typed in a field. A moved slider opens a window of 50 ms, at whose end the latest values of its
 // group go out; a typed number goes out at once and comes back through the refresh signal.
-import QtQuick 2.12
-import QtQuick.Controls 2.5
-import QtQuick.Dialogs 1.2
-
 Item {
     id: pageChromakeyItem
 
-    property string sourcePath: pictureFolder()
+    property string sourcePath: Pictures.folder(qmlTranslator.currentLanguage())
 
     property bool matteOn: true
     property bool darkEnhanceOn: true
@@ -78,50 +79,42 @@ Item {
 
     // ---- Pictures ---------------------------------------------------------------------------------
 
-    function pictureFolder() {
-        if (qmlTranslator.currentLanguage() === "zh_CN")
-            return "qrc:/img/pc/CN/";
-        if (qmlTranslator.currentLanguage() === "zh_TW")
-            return "qrc:/img/pc/TW/";
-        return "qrc:/img/pc/";
-    }
-
     function switchFace(on) {
-        return sourcePath + (on ? "btn_switch_on_dashboard.png" : "btn_switch_off_dashboard.png");
+        return sourcePath + Pictures.switchFace(on)
     }
 
-    function resetFace(enabled) {
-        return sourcePath + (enabled ? "btn_n_reset_dashboard.png" : "btn_d_reset_dashboard.png");
+    function resetFace(on) {
+        return sourcePath + Pictures.resetFace(on)
     }
 
     function spillFace(value, name) {
-        var state = spillDefault === value ? "p" : "n";
-        return sourcePath + "btn_" + state + "_spill_" + name + "_chromakey.png";
+        var state = spillDefault === value ? "p" : "n"
+        return sourcePath + "btn_" + state + "_spill_" + name + "_chromakey.png"
     }
 
     function showSpillDefault() {
-        btnSpillLowImage.source = spillFace(0, "low");
-        btnSpillMidImage.source = spillFace(1, "mid");
-        btnSpillHighImage.source = spillFace(2, "high");
+        btnSpillLowImage.source = spillFace(0, "low")
+        btnSpillMidImage.source = spillFace(1, "mid")
+        btnSpillHighImage.source = spillFace(2, "high")
     }
 
     // Writes every face that is set by hand anew. The resets and the automatic key show their normal faces
     // whatever the switches say; the next refresh puts them right.
     function renewFaces() {
-        sourcePath = pictureFolder();
-        pageCK_ContentHeader01.switchSource = switchFace(matteOn);
-        pageCK_ContentHeader02.switchSource = switchFace(darkEnhanceOn);
-        pageCK_ContentHeader03.switchSource = switchFace(brightEnhanceOn);
-        pageCK_ContentHeader04.switchSource = switchFace(shadowEnhanceOn);
-        pageCK_ContentHeader06.switchSource = switchFace(edgeFix);
-        btnCkBKColorAuto.source = sourcePath + "btn_n_auto_bg_chromakey.png";
-        btnMatteGenResetImage.source = resetFace(true);
-        btnDarkEnhanceResetImage.source = resetFace(true);
-        btnBrightEnhanceResetImage.source = resetFace(true);
-        btnShadowEnhanceResetImage.source = resetFace(true);
-        btnSpillResetImage.source = resetFace(true);
-        btnEdgeFixResetImage.source = resetFace(true);
-        showSpillDefault();
+        sourcePath = Pictures.folder(qmlTranslator.currentLanguage())
+        pageCK_ContentHeader01.switchSource = switchFace(matteOn)
+        pageCK_ContentHeader02.switchSource = switchFace(darkEnhanceOn)
+        pageCK_ContentHeader03.switchSource = switchFace(brightEnhanceOn)
+        pageCK_ContentHeader04.switchSource = switchFace(shadowEnhanceOn)
+        pageCK_ContentHeader06.switchSource = switchFace(edgeFix)
+        btnCkBKColorAuto.source = sourcePath + "btn_n_auto_bg_chromakey.png"
+        btnMatteGenResetImage.source = resetFace(true)
+        btnDarkEnhanceResetImage.source = resetFace(true)
+        btnBrightEnhanceResetImage.source = resetFace(true)
+        btnShadowEnhanceResetImage.source = resetFace(true)
+        btnSpillResetImage.source = resetFace(true)
+        btnEdgeFixResetImage.source = resetFace(true)
+        showSpillDefault()
     }
 
     // ---- Commands ---------------------------------------------------------------------------------
@@ -129,235 +122,235 @@ Item {
     // A running window is left alone: a long drag sends once per window and never falls silent.
     function sendSoon(index) {
         if (!loaded)
-            return;
-        commandIndex = index;
-        timerSliderCommand.start();
+            return
+        commandIndex = index
+        timerSliderCommand.start()
     }
 
     function sendAngle() {
-        mainObject.setCKAngle(sliderOPMinus.value, sliderOPPlus.value);
+        mainObject.setCKAngle(sliderOPMinus.value, sliderOPPlus.value)
     }
 
     function sendBWLevel() {
-        mainObject.setCKBWLevel(blackLevel.sliderValue, whiteLevel.sliderValue, matteOn);
+        mainObject.setCKBWLevel(blackLevel.sliderValue, whiteLevel.sliderValue, matteOn)
     }
 
     function sendDark() {
         mainObject.setCKDark(darkEnhanceOn, darkLevel.sliderValue, darkDensity.sliderValue,
-                             darkBalance.sliderValue);
+                             darkBalance.sliderValue)
     }
 
     function sendBright() {
         mainObject.setCKBright(brightEnhanceOn, brightLevel.sliderValue, brightDensity.sliderValue,
-                               brightBalance.sliderValue);
+                               brightBalance.sliderValue)
     }
 
     function sendShadow() {
-        mainObject.setCKShadow(shadowEnhanceOn, shadow.sliderValue);
+        mainObject.setCKShadow(shadowEnhanceOn, shadow.sliderValue)
     }
 
     function sendSpill() {
         sendSpillValues(spillSuppression.sliderValue, spillEnhance.sliderValue, spillBalance.sliderValue,
-                        edgeBrightness.sliderValue);
+                        edgeBrightness.sliderValue)
     }
 
     function sendSpillValues(suppression, enhance, balance, brightness) {
         mainObject.setCKSpillBright(suppression, enhance, balance, brightness, checkboxVivid.checked ? 1 : 0,
-                                    spillDefault, checkboxSpillSup.checked, checkboxVivid.checked);
+                                    spillDefault, checkboxSpillSup.checked, checkboxVivid.checked)
     }
 
     function sendEdgeFix() {
-        mainObject.setEdgeFix(edgeFix, shrinkLeft.sliderValue, shrinkRight.sliderValue, softEdge.sliderValue);
+        mainObject.setEdgeFix(edgeFix, shrinkLeft.sliderValue, shrinkRight.sliderValue, softEdge.sliderValue)
     }
 
     // A typed number goes out at once in the place of its row's value; the unit's answer moves the slider.
 
     function sendTypedBWLevel(black, white) {
-        mainObject.setCKBWLevel(black, white, matteOn);
-        mainObject.msecSleep(100);
-        mainObject.getCKBWLevel();
+        mainObject.setCKBWLevel(black, white, matteOn)
+        mainObject.msecSleep(100)
+        mainObject.getCKBWLevel()
     }
 
     function sendTypedDark(level, density, balance) {
-        mainObject.setCKDark(darkEnhanceOn, level, density, balance);
-        mainObject.msecSleep(100);
-        mainObject.getCKDark();
+        mainObject.setCKDark(darkEnhanceOn, level, density, balance)
+        mainObject.msecSleep(100)
+        mainObject.getCKDark()
     }
 
     function sendTypedBright(level, density, balance) {
-        mainObject.setCKBright(brightEnhanceOn, level, density, balance);
-        mainObject.msecSleep(100);
-        mainObject.getCKBright();
+        mainObject.setCKBright(brightEnhanceOn, level, density, balance)
+        mainObject.msecSleep(100)
+        mainObject.getCKBright()
     }
 
     function sendTypedShadow(level) {
-        mainObject.setCKShadow(shadowEnhanceOn, level);
-        mainObject.msecSleep(100);
-        mainObject.getCKShadow();
+        mainObject.setCKShadow(shadowEnhanceOn, level)
+        mainObject.msecSleep(100)
+        mainObject.getCKShadow()
     }
 
     function sendTypedSpill(suppression, enhance, balance, brightness) {
-        console.log("onTExtFieldChanged", suppression, enhance, balance, brightness);
-        sendSpillValues(suppression, enhance, balance, brightness);
-        mainObject.msecSleep(100);
-        mainObject.getCKSpillBright();
+        console.log("onTExtFieldChanged", suppression, enhance, balance, brightness)
+        sendSpillValues(suppression, enhance, balance, brightness)
+        mainObject.msecSleep(100)
+        mainObject.getCKSpillBright()
     }
 
     function sendTypedEdge(left, right, edge) {
-        mainObject.setEdgeFix(edgeFix, left, right, edge);
-        mainObject.msecSleep(100);
-        mainObject.getEdgeFix();
+        mainObject.setEdgeFix(edgeFix, left, right, edge)
+        mainObject.msecSleep(100)
+        mainObject.getEdgeFix()
     }
 
     function chooseSpillDefault(value) {
         if (spillDefault === value)
-            return;
-        commandIndex = 6;
-        spillDefault = value;
-        showSpillDefault();
-        mainObject.resetCKSpillBright(spillDefault, checkboxSpillSup.checked);
+            return
+        commandIndex = 6
+        spillDefault = value
+        showSpillDefault()
+        mainObject.resetCKSpillBright(spillDefault, checkboxSpillSup.checked)
     }
 
     // ---- Switches ---------------------------------------------------------------------------------
 
     function showMatte(on) {
-        var textColor = on ? "#D8D8D8" : "#333333";
+        var textColor = on ? "#D8D8D8" : "#333333"
         var texts = [txtBackingColor, txtOpenAngle, txtBGR, txtBGG, txtBGB, txtChromaOAPlus,
-                     txtChromaOAMinus];
-        texts.forEach(function (text) { text.color = textColor; });
+                     txtChromaOAMinus]
+        texts.forEach(function (text) { text.color = textColor })
 
         var items = [btnMGReset, recColorAdjust, imgColorPen, btnCkBKColorAuto, txtBGR, txtBGG, txtBGB,
                      sliderOPPlus, sliderOPMinus, txtChromaOAPlus, txtChromaOAMinus,
-                     btnOADecrease, btnOAIncrease, btnOADecrease2, btnOAIncrease2];
-        items.forEach(function (item) { item.enabled = on; });
+                     btnOADecrease, btnOAIncrease, btnOADecrease2, btnOAIncrease2]
+        items.forEach(function (item) { item.enabled = on })
 
-        pageCK_ContentHeader01.switchSource = switchFace(on);
-        btnMatteGenResetImage.source = resetFace(on);
-        btnCkBKColorAuto.source = sourcePath + (on ? "btn_n_" : "btn_d_") + "auto_bg_chromakey.png";
-        chromaItem01.sliderOPMaskColor = on ? "#8DC6E8" : "#5E5E5E";
-        chromaItem01.sliderHandlerSource = "qrc:/img/pc/btn_" + (on ? "n" : "d") + "_slider_chromakey.png";
-        blackLevel.enableItem(on);
-        whiteLevel.enableItem(on);
+        pageCK_ContentHeader01.switchSource = switchFace(on)
+        btnMatteGenResetImage.source = resetFace(on)
+        btnCkBKColorAuto.source = sourcePath + (on ? "btn_n_" : "btn_d_") + "auto_bg_chromakey.png"
+        chromaItem01.sliderOPMaskColor = on ? "#8DC6E8" : "#5E5E5E"
+        chromaItem01.sliderHandlerSource = "qrc:/img/pc/btn_" + (on ? "n" : "d") + "_slider_chromakey.png"
+        blackLevel.enableItem(on)
+        whiteLevel.enableItem(on)
     }
 
     function showSection(header, rows, on) {
-        header.switchSource = switchFace(on);
-        header.resetSource = resetFace(on);
-        header.resetEnabled = on;
-        rows.forEach(function (row) { row.enableItem(on); });
+        header.switchSource = switchFace(on)
+        header.resetSource = resetFace(on)
+        header.resetEnabled = on
+        rows.forEach(function (row) { row.enableItem(on) })
     }
 
     function showDark(on) {
-        showSection(pageCK_ContentHeader02, [darkLevel, darkDensity, darkBalance], on);
+        showSection(pageCK_ContentHeader02, [darkLevel, darkDensity, darkBalance], on)
     }
 
     function showBright(on) {
-        showSection(pageCK_ContentHeader03, [brightLevel, brightDensity, brightBalance], on);
+        showSection(pageCK_ContentHeader03, [brightLevel, brightDensity, brightBalance], on)
     }
 
     function showShadow(on) {
-        showSection(pageCK_ContentHeader04, [shadow], on);
+        showSection(pageCK_ContentHeader04, [shadow], on)
     }
 
     function showEdgeFix(on) {
-        showSection(pageCK_ContentHeader06, [shrinkLeft, shrinkRight, softEdge], on);
+        showSection(pageCK_ContentHeader06, [shrinkLeft, shrinkRight, softEdge], on)
     }
 
     // ---- Picker -----------------------------------------------------------------------------------
 
     function openPicker() {
-        colorTempH = colorBKH;
-        videoOutRes = mainObject.getVideoOutRes();
+        colorTempH = colorBKH
+        videoOutRes = mainObject.getVideoOutRes()
         // A code of 0 falls to the second row.
         if (videoOutRes >= 1 && videoOutRes <= 5)
-            limitPicker(1278, 718);
+            limitPicker(1278, 718)
         else if (videoOutRes <= 16)
-            limitPicker(1918, 1078);
+            limitPicker(1918, 1078)
         else if (videoOutRes <= 32)
-            limitPicker(3838, 2158);
-        mainObject.setCursorData(3, colorPickerX, colorPickerY);
-        popupColorPicker.open();
+            limitPicker(3838, 2158)
+        mainObject.setCursorData(3, colorPickerX, colorPickerY)
+        popupColorPicker.open()
     }
 
     function limitPicker(x, y) {
-        xMax = x;
-        yMax = y;
+        xMax = x
+        yMax = y
     }
 
     function aimPicker(padX, padY) {
         if (videoOutRes > 0 && videoOutRes <= 5)
-            scalePicker(padX, padY, 1280, 720);
+            scalePicker(padX, padY, 1280, 720)
         else if (videoOutRes <= 16)
-            scalePicker(padX, padY, 1920, 1080);
+            scalePicker(padX, padY, 1920, 1080)
         else if (videoOutRes <= 32)
-            scalePicker(padX, padY, 3840, 2160);
-        colorPickerX = tempX;
-        colorPickerY = tempY;
+            scalePicker(padX, padY, 3840, 2160)
+        colorPickerX = tempX
+        colorPickerY = tempY
     }
 
     function scalePicker(padX, padY, pictureWidth, pictureHeight) {
-        tempX = Math.round(padX / 480 * pictureWidth);
-        tempY = Math.round(padY / 270 * pictureHeight);
+        tempX = Math.round(padX / 480 * pictureWidth)
+        tempY = Math.round(padY / 270 * pictureHeight)
     }
 
     function stepPickerX(step) {
         if (step < 0 ? colorPickerX < 1 : colorPickerX > xMax)
-            return;
-        colorPickerX += step;
-        tempX = colorPickerX;
-        mainObject.setCursorData(3, tempX, colorPickerY);
+            return
+        colorPickerX += step
+        tempX = colorPickerX
+        mainObject.setCursorData(3, tempX, colorPickerY)
     }
 
     function stepPickerY(step) {
         if (step < 0 ? colorPickerY < 1 : colorPickerY > yMax)
-            return;
-        colorPickerY += step;
-        tempY = colorPickerY;
-        mainObject.setCursorData(3, colorPickerX, tempY);
+            return
+        colorPickerY += step
+        tempY = colorPickerY
+        mainObject.setCursorData(3, colorPickerX, tempY)
     }
 
     function typePickerX(text) {
-        colorPickerX = Math.min(Math.max(parseInt(text), 0), xMax + 1);
-        tempX = colorPickerX;
-        mainObject.setCursorData(3, colorPickerX, colorPickerY);
-        showPickerPosition();
+        colorPickerX = Math.min(Math.max(parseInt(text), 0), xMax + 1)
+        tempX = colorPickerX
+        mainObject.setCursorData(3, colorPickerX, colorPickerY)
+        showPickerPosition()
     }
 
     function typePickerY(text) {
-        colorPickerY = Math.min(Math.max(parseInt(text), 0), yMax + 1);
-        tempY = colorPickerY;
-        mainObject.setCursorData(3, colorPickerX, colorPickerY);
-        showPickerPosition();
+        colorPickerY = Math.min(Math.max(parseInt(text), 0), yMax + 1)
+        tempY = colorPickerY
+        mainObject.setCursorData(3, colorPickerX, colorPickerY)
+        showPickerPosition()
     }
 
     function showPickerPosition() {
-        txtColorPickerX.text = colorPickerX;
-        txtColorPickerY.text = colorPickerY;
+        txtColorPickerX.text = colorPickerX
+        txtColorPickerY.text = colorPickerY
     }
 
     function acceptPicker() {
-        mainObject.setCursorData(0, colorPickerX, colorPickerY);
-        mainObject.msecSleep(100);
+        mainObject.setCursorData(0, colorPickerX, colorPickerY)
+        mainObject.msecSleep(100)
         // Three times 999 asks for the sample under the cursor.
-        mainObject.setBKColor(999, 999, 999, 0);
-        colorBKH = colorPickerH;
-        colorTempH = colorPickerH;
-        popupColorPicker.close();
+        mainObject.setBKColor(999, 999, 999, 0)
+        colorBKH = colorPickerH
+        colorTempH = colorPickerH
+        popupColorPicker.close()
     }
 
     function cancelPicker() {
-        mainObject.setCursorData(0, tempX, tempY);
-        colorBKH = colorTempH;
-        popupColorPicker.close();
+        mainObject.setCursorData(0, tempX, tempY)
+        colorBKH = colorTempH
+        popupColorPicker.close()
     }
 
     function autoPicker() {
-        btnColorPickerAuto.enabled = false;
-        mainObject.setCursorData(0, tempX, tempY);
-        colorBKH = colorTempH;
-        mainObject.setBKColor(txtColorPickerR.text, txtColorPickerG.text, txtColorPickerB.text, 1);
-        btnColorPickerAuto.enabled = true;
-        popupColorPicker.close();
+        btnColorPickerAuto.enabled = false
+        mainObject.setCursorData(0, tempX, tempY)
+        colorBKH = colorTempH
+        mainObject.setBKColor(txtColorPickerR.text, txtColorPickerG.text, txtColorPickerB.text, 1)
+        btnColorPickerAuto.enabled = true
+        popupColorPicker.close()
     }
 
     Component.onCompleted: loaded = true
@@ -368,17 +361,31 @@ Item {
         id: timerSliderCommand
         interval: 50
         onTriggered: {
-            mainObject.setRefreshTimer(false);
+            mainObject.setRefreshTimer(false)
             switch (commandIndex) {
-            case 1: sendAngle(); break;
-            case 2: sendBWLevel(); break;
-            case 3: sendDark(); break;
-            case 4: sendBright(); break;
-            case 5: sendShadow(); break;
-            case 6: sendSpill(); break;
-            case 7: sendEdgeFix(); break;
+            case 1:
+                sendAngle()
+                break
+            case 2:
+                sendBWLevel()
+                break
+            case 3:
+                sendDark()
+                break
+            case 4:
+                sendBright()
+                break
+            case 5:
+                sendShadow()
+                break
+            case 6:
+                sendSpill()
+                break
+            case 7:
+                sendEdgeFix()
+                break
             }
-            mainObject.setRefreshTimer(true);
+            mainObject.setRefreshTimer(true)
         }
     }
 
@@ -396,84 +403,84 @@ Item {
         target: mainObject
 
         onRefreshBKColorAdjust: {
-            colorDialog.color = colorString;
-            ckColorR = r;
-            ckColorG = g;
-            ckColorB = b;
-            colorPickerR = r;
-            colorPickerG = g;
-            colorPickerB = b;
-            colorBKH = h;
-            colorBKS = s;
-            colorBKL = l;
+            colorDialog.color = colorString
+            ckColorR = r
+            ckColorG = g
+            ckColorB = b
+            colorPickerR = r
+            colorPickerG = g
+            colorPickerB = b
+            colorBKH = h
+            colorBKS = s
+            colorBKL = l
         }
 
         onRefreshBKColorPicker: {
-            recColorPickerResult.color = colorString;
-            recColorPickerMouseArea.color = colorString;
-            showPickerPosition();
-            colorPickerR = r;
-            colorPickerG = g;
-            colorPickerB = b;
-            colorPickerH = h;
-            colorPickerS = s;
-            colorPickerL = l;
+            recColorPickerResult.color = colorString
+            recColorPickerMouseArea.color = colorString
+            showPickerPosition()
+            colorPickerR = r
+            colorPickerG = g
+            colorPickerB = b
+            colorPickerH = h
+            colorPickerS = s
+            colorPickerL = l
         }
 
         onRefreshCKAngle: {
-            sliderOPMinus.value = minus;
-            sliderOPPlus.value = plus;
+            sliderOPMinus.value = minus
+            sliderOPPlus.value = plus
         }
 
         onRefreshCKBWLevel: {
-            console.log("black white level = ", black, white);
-            console.log("Matte On = ", matte);
-            blackLevel.sliderValue = black;
-            whiteLevel.sliderValue = white;
-            matteOn = matte;
-            showMatte(matte);
+            console.log("black white level = ", black, white)
+            console.log("Matte On = ", matte)
+            blackLevel.sliderValue = black
+            whiteLevel.sliderValue = white
+            matteOn = matte
+            showMatte(matte)
         }
 
         onRefreshCKDark: {
-            darkLevel.sliderValue = level;
-            darkDensity.sliderValue = density;
-            darkBalance.sliderValue = balance;
-            showDark(enable);
-            darkEnhanceOn = enable;
+            darkLevel.sliderValue = level
+            darkDensity.sliderValue = density
+            darkBalance.sliderValue = balance
+            showDark(enable)
+            darkEnhanceOn = enable
         }
 
         onRefreshCKBright: {
-            brightLevel.sliderValue = level;
-            brightDensity.sliderValue = density;
-            brightBalance.sliderValue = balance;
-            showBright(enable);
-            brightEnhanceOn = enable;
+            brightLevel.sliderValue = level
+            brightDensity.sliderValue = density
+            brightBalance.sliderValue = balance
+            showBright(enable)
+            brightEnhanceOn = enable
         }
 
         onRefreshCKShadow: {
-            shadow.sliderValue = shadowValue;
-            showShadow(enable);
-            shadowEnhanceOn = enable;
+            shadow.sliderValue = shadowValue
+            showShadow(enable)
+            shadowEnhanceOn = enable
         }
 
         onRefreshCKSpill: {
-            spillDefault = spillDefButton;
-            showSpillDefault();
-            spillSuppression.sliderValue = spillSuppressionValue;
-            spillEnhance.sliderValue = spillEnhanceValue;
-            spillBalance.sliderValue = spillBalanceValue;
-            edgeBrightness.sliderValue = edgeBrightnessValue;
-            checkboxSpillSup.checked = Boolean(spillSupEnhanceValue);
-            checkboxVivid.checked = Boolean(vividValue);
+            spillDefault = spillDefButton
+            showSpillDefault()
+            spillSuppression.sliderValue = spillSuppressionValue
+            spillEnhance.sliderValue = spillEnhanceValue
+            spillBalance.sliderValue = spillBalanceValue
+            edgeBrightness.sliderValue = edgeBrightnessValue
+            checkboxSpillSup.checked = Boolean(spillSupEnhanceValue)
+            checkboxVivid.checked = Boolean(vividValue)
         }
 
         onRefreshEdgeFix: {
-            console.log("RefreshEdgeFix: ", enable, left, right, edge);
-            shrinkLeft.sliderValue = left;
-            shrinkRight.sliderValue = right;
-            softEdge.sliderValue = edge;
-            showEdgeFix(enable);
-            edgeFix = enable;
+            console.log("RefreshEdgeFix: ", enable, left, right, edge)
+            shrinkLeft.sliderValue = left
+            shrinkRight.sliderValue = right
+            softEdge.sliderValue = edge
+            showEdgeFix(enable)
+            edgeFix = enable
         }
     }
 
@@ -481,8 +488,8 @@ Item {
         target: qmlTranslator
 
         onLanguageChanged: {
-            renewFaces();
-            console.log("onLanguageChanged(chromakey)");
+            renewFaces()
+            console.log("onLanguageChanged(chromakey)")
         }
     }
 
@@ -493,8 +500,8 @@ Item {
         title: "Choose a color"
         color: "#00FF00"
         onAccepted: {
-            mainObject.setBKColor(color, 0);
-            recColorAdjust.color = color;
+            mainObject.setBKColor(color, 0)
+            recColorAdjust.color = color
         }
     }
 
@@ -531,19 +538,19 @@ Item {
                     switchSource: sourcePath + "btn_switch_on_dashboard.png"
                     resetSource: sourcePath + "btn_n_reset_dashboard.png"
                     onFoldClicked: {
-                        pageCK_ContentArea01.foldTo(area01Folded ? 74 * 6 : height);
-                        area01Folded = !area01Folded;
+                        pageCK_ContentArea01.foldTo(area01Folded ? 74 * 6 : height)
+                        area01Folded = !area01Folded
                     }
                     onSwitchClicked: {
-                        showMatte(!matteOn);
-                        matteOn = !matteOn;
-                        sendBWLevel();
+                        showMatte(!matteOn)
+                        matteOn = !matteOn
+                        sendBWLevel()
                     }
                     onResetPressedDown: resetSource = sourcePath + "btn_p_reset_dashboard.png"
                     onResetReleased: {
-                        resetSource = sourcePath + "btn_n_reset_dashboard.png";
-                        console.log("MG Group Reset");
-                        mainObject.resetBKColor();
+                        resetSource = sourcePath + "btn_n_reset_dashboard.png"
+                        console.log("MG Group Reset")
+                        mainObject.resetBKColor()
                     }
                 }
 
@@ -599,11 +606,11 @@ Item {
                                 MouseArea {
                                     anchors.fill: parent
                                     onClicked: {
-                                        console.log("Begin CK Auto");
-                                        btnCkBKColorAuto.enabled = false;
-                                        mainObject.setBKColor(ckColorR, ckColorG, ckColorB, 2);
-                                        btnCkBKColorAuto.enabled = true;
-                                        console.log("End CK Auto");
+                                        console.log("Begin CK Auto")
+                                        btnCkBKColorAuto.enabled = false
+                                        mainObject.setBKColor(ckColorR, ckColorG, ckColorB, 2)
+                                        btnCkBKColorAuto.enabled = true
+                                        console.log("End CK Auto")
                                     }
                                 }
                             }
@@ -752,19 +759,19 @@ Item {
                     switchSource: sourcePath + "btn_switch_on_dashboard.png"
                     resetSource: sourcePath + "btn_n_reset_dashboard.png"
                     onFoldClicked: {
-                        var open = darkDensity.visible ? 296 : 150;
-                        pageCK_ContentArea02.foldTo(area02Folded ? open : height);
-                        area02Folded = !area02Folded;
+                        var open = darkDensity.visible ? 296 : 150
+                        pageCK_ContentArea02.foldTo(area02Folded ? open : height)
+                        area02Folded = !area02Folded
                     }
                     onSwitchClicked: {
-                        showDark(!darkEnhanceOn);
-                        darkEnhanceOn = !darkEnhanceOn;
-                        sendDark();
+                        showDark(!darkEnhanceOn)
+                        darkEnhanceOn = !darkEnhanceOn
+                        sendDark()
                     }
                     onResetPressedDown: resetSource = sourcePath + "btn_p_reset_dashboard.png"
                     onResetReleased: {
-                        resetSource = sourcePath + "btn_n_reset_dashboard.png";
-                        mainObject.resetCKDark();
+                        resetSource = sourcePath + "btn_n_reset_dashboard.png"
+                        mainObject.resetCKDark()
                     }
                 }
 
@@ -782,7 +789,7 @@ Item {
                             onSliderValueChanged: sendSoon(3)
                             onTextFieldChanged: {
                                 sendTypedDark(textValue, darkDensity.sliderValue,
-                                              darkBalance.sliderValue);
+                                              darkBalance.sliderValue)
                             }
                         }
 
@@ -795,7 +802,7 @@ Item {
                             onSliderValueChanged: sendSoon(3)
                             onTextFieldChanged: {
                                 sendTypedDark(darkLevel.sliderValue, textValue,
-                                              darkBalance.sliderValue);
+                                              darkBalance.sliderValue)
                             }
                         }
 
@@ -810,7 +817,7 @@ Item {
                             onSliderValueChanged: sendSoon(3)
                             onTextFieldChanged: {
                                 sendTypedDark(darkLevel.sliderValue, darkDensity.sliderValue,
-                                              textValue);
+                                              textValue)
                             }
                         }
                     }
@@ -830,19 +837,19 @@ Item {
                     switchSource: sourcePath + "btn_switch_on_dashboard.png"
                     resetSource: sourcePath + "btn_n_reset_dashboard.png"
                     onFoldClicked: {
-                        var open = darkDensity.visible ? 296 : 150;
-                        pageCK_ContentArea03.foldTo(area03Folded ? open : height);
-                        area03Folded = !area03Folded;
+                        var open = darkDensity.visible ? 296 : 150
+                        pageCK_ContentArea03.foldTo(area03Folded ? open : height)
+                        area03Folded = !area03Folded
                     }
                     onSwitchClicked: {
-                        showBright(!brightEnhanceOn);
-                        brightEnhanceOn = !brightEnhanceOn;
-                        sendBright();
+                        showBright(!brightEnhanceOn)
+                        brightEnhanceOn = !brightEnhanceOn
+                        sendBright()
                     }
                     onResetPressedDown: resetSource = sourcePath + "btn_p_reset_dashboard.png"
                     onResetReleased: {
-                        resetSource = sourcePath + "btn_n_reset_dashboard.png";
-                        mainObject.resetCKBright();
+                        resetSource = sourcePath + "btn_n_reset_dashboard.png"
+                        mainObject.resetCKBright()
                     }
                 }
 
@@ -860,7 +867,7 @@ Item {
                             onSliderValueChanged: sendSoon(4)
                             onTextFieldChanged: {
                                 sendTypedBright(textValue, brightDensity.sliderValue,
-                                                brightBalance.sliderValue);
+                                                brightBalance.sliderValue)
                             }
                         }
 
@@ -873,7 +880,7 @@ Item {
                             onSliderValueChanged: sendSoon(4)
                             onTextFieldChanged: {
                                 sendTypedBright(brightLevel.sliderValue, textValue,
-                                                brightBalance.sliderValue);
+                                                brightBalance.sliderValue)
                             }
                         }
 
@@ -888,7 +895,7 @@ Item {
                             onSliderValueChanged: sendSoon(4)
                             onTextFieldChanged: {
                                 sendTypedBright(brightLevel.sliderValue, brightDensity.sliderValue,
-                                                textValue);
+                                                textValue)
                             }
                         }
                     }
@@ -908,19 +915,19 @@ Item {
                     switchSource: sourcePath + "btn_switch_on_dashboard.png"
                     resetSource: sourcePath + "btn_n_reset_dashboard.png"
                     onFoldClicked: {
-                        var open = darkDensity.visible ? 296 : 150;
-                        pageCK_ContentArea04.foldTo(area04Folded ? open : height);
-                        area04Folded = !area04Folded;
+                        var open = darkDensity.visible ? 296 : 150
+                        pageCK_ContentArea04.foldTo(area04Folded ? open : height)
+                        area04Folded = !area04Folded
                     }
                     onSwitchClicked: {
-                        showShadow(!shadowEnhanceOn);
-                        shadowEnhanceOn = !shadowEnhanceOn;
-                        sendShadow();
+                        showShadow(!shadowEnhanceOn)
+                        shadowEnhanceOn = !shadowEnhanceOn
+                        sendShadow()
                     }
                     onResetPressedDown: resetSource = sourcePath + "btn_p_reset_dashboard.png"
                     onResetReleased: {
-                        resetSource = sourcePath + "btn_n_reset_dashboard.png";
-                        mainObject.resetCKShadow();
+                        resetSource = sourcePath + "btn_n_reset_dashboard.png"
+                        mainObject.resetCKShadow()
                     }
                 }
 
@@ -955,14 +962,14 @@ Item {
                     hasSwitch: false
                     resetSource: sourcePath + "btn_n_reset_dashboard.png"
                     onFoldClicked: {
-                        var open = spillEnhance.visible ? 520 : 420;
-                        pageCK_ContentArea05.foldTo(area05Folded ? open : height);
-                        area05Folded = !area05Folded;
+                        var open = spillEnhance.visible ? 520 : 420
+                        pageCK_ContentArea05.foldTo(area05Folded ? open : height)
+                        area05Folded = !area05Folded
                     }
                     onResetPressedDown: resetSource = sourcePath + "btn_p_reset_dashboard.png"
                     onResetReleased: {
-                        resetSource = sourcePath + "btn_n_reset_dashboard.png";
-                        mainObject.resetCKSpillBright(spillDefault, checkboxSpillSup.checked);
+                        resetSource = sourcePath + "btn_n_reset_dashboard.png"
+                        mainObject.resetCKSpillBright(spillDefault, checkboxSpillSup.checked)
                     }
                 }
 
@@ -1022,8 +1029,8 @@ Item {
                                 visible: false
                                 text: qsTr("Enhance") + qmlTranslator.e_str
                                 onCheckedChanged: {
-                                    commandIndex = 6;
-                                    mainObject.resetCKSpillBright(spillDefault, checked);
+                                    commandIndex = 6
+                                    mainObject.resetCKSpillBright(spillDefault, checked)
                                 }
                             }
                         }
@@ -1036,7 +1043,7 @@ Item {
                             onSliderValueChanged: sendSoon(6)
                             onTextFieldChanged: {
                                 sendTypedSpill(textValue, spillEnhance.sliderValue,
-                                               spillBalance.sliderValue, edgeBrightness.sliderValue);
+                                               spillBalance.sliderValue, edgeBrightness.sliderValue)
                             }
                         }
 
@@ -1049,7 +1056,7 @@ Item {
                             onSliderValueChanged: sendSoon(6)
                             onTextFieldChanged: {
                                 sendTypedSpill(spillSuppression.sliderValue, textValue,
-                                               spillBalance.sliderValue, edgeBrightness.sliderValue);
+                                               spillBalance.sliderValue, edgeBrightness.sliderValue)
                             }
 
                             CheckBox {
@@ -1071,7 +1078,7 @@ Item {
                             onSliderValueChanged: sendSoon(6)
                             onTextFieldChanged: {
                                 sendTypedSpill(spillSuppression.sliderValue, spillEnhance.sliderValue,
-                                               textValue, edgeBrightness.sliderValue);
+                                               textValue, edgeBrightness.sliderValue)
                             }
                         }
 
@@ -1083,7 +1090,7 @@ Item {
                             onSliderValueChanged: sendSoon(6)
                             onTextFieldChanged: {
                                 sendTypedSpill(spillSuppression.sliderValue, spillEnhance.sliderValue,
-                                               spillBalance.sliderValue, textValue);
+                                               spillBalance.sliderValue, textValue)
                             }
                         }
                     }
@@ -1103,20 +1110,20 @@ Item {
                     switchSource: sourcePath + "btn_switch_on_dashboard.png"
                     resetSource: sourcePath + "btn_n_reset_dashboard.png"
                     onFoldClicked: {
-                        pageCK_ContentArea06.foldTo(area06Folded ? 296 : height);
-                        area06Folded = !area06Folded;
+                        pageCK_ContentArea06.foldTo(area06Folded ? 296 : height)
+                        area06Folded = !area06Folded
                     }
                     onSwitchClicked: {
-                        showEdgeFix(!edgeFix);
-                        edgeFix = !edgeFix;
-                        sendEdgeFix();
-                        mainObject.msecSleep(200);
-                        mainObject.getEdgeFix();
+                        showEdgeFix(!edgeFix)
+                        edgeFix = !edgeFix
+                        sendEdgeFix()
+                        mainObject.msecSleep(200)
+                        mainObject.getEdgeFix()
                     }
                     onResetPressedDown: resetSource = sourcePath + "btn_p_reset_dashboard.png"
                     onResetReleased: {
-                        resetSource = sourcePath + "btn_n_reset_dashboard.png";
-                        mainObject.resetEdgeFix();
+                        resetSource = sourcePath + "btn_n_reset_dashboard.png"
+                        mainObject.resetEdgeFix()
                     }
                 }
 
@@ -1134,12 +1141,12 @@ Item {
                             sliderMax: 50
                             onSliderValueChanged: {
                                 if (loaded)
-                                    mainObject.setRefreshTimer(false);
-                                sendSoon(7);
+                                    mainObject.setRefreshTimer(false)
+                                sendSoon(7)
                             }
                             onTextFieldChanged: {
                                 sendTypedEdge(parseInt(textValue), shrinkRight.sliderValue,
-                                              softEdge.sliderValue);
+                                              softEdge.sliderValue)
                             }
                         }
 
@@ -1152,7 +1159,7 @@ Item {
                             onSliderValueChanged: sendSoon(7)
                             onTextFieldChanged: {
                                 sendTypedEdge(shrinkLeft.sliderValue, parseInt(textValue),
-                                              softEdge.sliderValue);
+                                              softEdge.sliderValue)
                             }
                         }
 
@@ -1164,7 +1171,7 @@ Item {
                             onSliderValueChanged: sendSoon(7)
                             onTextFieldChanged: {
                                 sendTypedEdge(shrinkLeft.sliderValue, shrinkRight.sliderValue,
-                                              parseInt(textValue));
+                                              parseInt(textValue))
                             }
                         }
                     }
@@ -1247,29 +1254,29 @@ Item {
 
                     onPositionChanged: {
                         if (!pressed) {
-                            timerMouseMovingCommand.stop();
-                            return;
+                            timerMouseMovingCommand.stop()
+                            return
                         }
                         if (mouseX >= 0 && mouseX < 480 && mouseY >= 0 && mouseY < 270) {
-                            aimPicker(mouseX, mouseY);
+                            aimPicker(mouseX, mouseY)
                             if (!timerMouseMovingCommand.running)
-                                timerMouseMovingCommand.start();
-                            return;
+                                timerMouseMovingCommand.start()
+                            return
                         }
                         // Off the pad the cursor is taken away, once.
                         if (timerMouseMovingCommand.running) {
-                            mainObject.setCursorData(0, tempX, tempY);
-                            timerMouseMovingCommand.stop();
+                            mainObject.setCursorData(0, tempX, tempY)
+                            timerMouseMovingCommand.stop()
                         }
-                        colorBKH = colorTempH;
+                        colorBKH = colorTempH
                     }
 
                     // The end of a drag inside the pad arrives here too, and settles the last position.
                     onClicked: {
-                        timerMouseMovingCommand.stop();
+                        timerMouseMovingCommand.stop()
                         if (!pressed) {
-                            aimPicker(mouseX, mouseY);
-                            mainObject.setCursorData(3, tempX, tempY);
+                            aimPicker(mouseX, mouseY)
+                            mainObject.setCursorData(3, tempX, tempY)
                         }
                     }
 
@@ -1363,7 +1370,7 @@ Item {
                             face: "reduce_s_chromakey"
                             onPressedChanged: {
                                 if (!pressed)
-                                    stepPickerX(-1);
+                                    stepPickerX(-1)
                             }
                         }
 
@@ -1372,7 +1379,7 @@ Item {
                             face: "increase_s_chromakey"
                             onPressedChanged: {
                                 if (!pressed)
-                                    stepPickerX(1);
+                                    stepPickerX(1)
                             }
                         }
                     }
@@ -1407,7 +1414,7 @@ Item {
                             face: "reduce_s_chromakey"
                             onPressedChanged: {
                                 if (!pressed)
-                                    stepPickerY(-1);
+                                    stepPickerY(-1)
                             }
                         }
 
@@ -1416,7 +1423,7 @@ Item {
                             face: "increase_s_chromakey"
                             onPressedChanged: {
                                 if (!pressed)
-                                    stepPickerY(1);
+                                    stepPickerY(1)
                             }
                         }
                     }
