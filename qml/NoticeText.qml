@@ -5,8 +5,6 @@ import QtQuick 2.12
 PanelText {
     anchors.centerIn: parent
     height: lineCount * 24
-    topPadding: 0
-    bottomPadding: 0
     horizontalAlignment: Text.AlignHCenter
     lineHeight: 24
     lineHeightMode: Text.FixedHeight

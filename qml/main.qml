@@ -1224,8 +1224,6 @@ ApplicationWindow {
                 y: 667
                 width: 200
                 height: 30
-                topPadding: 0
-                bottomPadding: 0
                 color: "yellow"
                 lineHeight: 16
                 lineHeightMode: Text.FixedHeight

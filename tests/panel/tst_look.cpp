@@ -46,7 +46,6 @@ void TestLook::standsWhereThePicturesExpect()
     QCOMPARE(h.corner("outputMemoryLoad"), QPoint(1131, 100));
     QCOMPARE(h.corner("outputMemoryLock"), QPoint(1271, 100));
     QCOMPARE(h.corner("menuAuxLumakey"), QPoint(10, 448));
-    QCOMPARE(h.corner("pageIN"), QPoint(176, 148));
     // Half scale: the tip of the arrow stands under the middle of Connect.
     QCOMPARE(h.item("guideArrow")->mapToScene(QPointF(30, 0)).toPoint(), QPoint(1207, 48));
     h.click("btnConnect");
