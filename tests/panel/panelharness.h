@@ -100,9 +100,12 @@ public:
             qFatal("%s does not open", qPrintable(combo));
         QQuickItem *box = item(combo);
         QQuickItem *list = item(combo + QStringLiteral(".popup.contentItem"));
+        // The rows come with the first frame after the list opens.
+        QTest::qWait(100);
         clickAt(list->mapToScene(QPointF(list->width() / 2, (row + 0.5) * box->height())).toPoint());
         if (!standsClosed(combo + QStringLiteral(".popup")))
-            qFatal("%s does not close", qPrintable(combo));
+            qFatal("%s does not close on row %d, is on %d", qPrintable(combo), row,
+                   number(combo + ".currentIndex"));
     }
 
     void type(const QString &field, const QString &typed)

@@ -28,6 +28,11 @@ void TestLook::startsWithMask()
     QVERIFY(h.flag("maskbusy.visible"));
     QTRY_VERIFY(!h.flag("maskbusy.visible"));
     QVERIFY(!h.grab("start").isNull());
+    h.click("comboMainLanguage");
+    QVERIFY(h.standsOpen("comboMainLanguage.popup"));
+    // As high as its three rows, over the mask.
+    QCOMPARE(h.number("comboMainLanguage.popup.height"), 122);
+    QVERIFY(!h.grab("start-languages").isNull());
     QCOMPARE(Messages::warnings(), QStringList());
 }
 
