@@ -40,8 +40,6 @@ QmlTranslator::QmlTranslator(QObject *parent)
 {
 }
 
-// The parameter's type is part of the published interface; it is what QML calls.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void QmlTranslator::setTranslation(QString translation)
 {
     const bool loaded = m_translator.load(QStringLiteral("app_%1").arg(translation), QStringLiteral(":/"));

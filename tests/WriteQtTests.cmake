@@ -7,11 +7,16 @@ if(NOT result EQUAL 0)
 endif()
 string(REGEX MATCHALL "[A-Za-z_0-9]+\\(\\)" functions "${functions}")
 string(REGEX REPLACE "^tst_" "" short ${NAME})
+# The tests of the screen draw and so want a core; all others sleep.
+set(slots 1)
+if(LABEL MATCHES "^(qml|panel)$")
+    set(slots 4)
+endif()
 set(body "")
 foreach(function IN LISTS functions)
     string(REPLACE "()" "" function ${function})
     string(APPEND body
         "add_test([==[${short}.${function}]==] [==[${WRAPPER}]==] [==[${PROGRAM}]==] ${function})\n"
-        "set_tests_properties([==[${short}.${function}]==] PROPERTIES LABELS ${LABEL} TIMEOUT 240)\n")
+        "set_tests_properties([==[${short}.${function}]==] PROPERTIES LABELS ${LABEL} TIMEOUT 240 PROCESSORS ${slots})\n")
 endforeach()
 file(WRITE ${OUT} "${body}")

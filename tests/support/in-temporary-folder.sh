@@ -4,5 +4,7 @@
 folder=$(mktemp -d "${TMPDIR:-/tmp}/panel-test.XXXXXX") || exit 1
 trap 'rm -rf "$folder"' EXIT
 mkdir -p "$folder/home/run" && cd "$folder/home/run" || exit 1
-export HOME="$folder/home" QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}" QT_QUICK_BACKEND="${QT_QUICK_BACKEND:-software}"
+mkdir -m 700 "$folder/runtime"
+export HOME="$folder/home" XDG_RUNTIME_DIR="$folder/runtime"
+export QT_QPA_PLATFORM="${QT_QPA_PLATFORM:-offscreen}" QT_QUICK_BACKEND="${QT_QUICK_BACKEND:-software}"
 "$@"
