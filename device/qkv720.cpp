@@ -89,6 +89,8 @@ qkv720::qkv720(QObject *parent)
 
 // ---- Connecting ------------------------------------------------------------------------------------------------
 
+// The signature is given: the text is taken by value.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 QString qkv720::connectDevice(uint method, QString select)
 {
     serialObj->closeSerialPort();
@@ -98,14 +100,14 @@ QString qkv720::connectDevice(uint method, QString select)
         // through.
         hlnpObj->swiTcpSocket->connectToHost(QHostAddress(select), kUnitPort);
     } else if (method == kSerialLink) {
-        const QString opened = serialObj->openSerialPort(select);
+        QString opened = serialObj->openSerialPort(select);
         if (opened != QLatin1String("OK"))
             return opened;
     } else {
         return QStringLiteral("NOT OK");
     }
 
-    const QString greeted = greetUnit(method);
+    QString greeted = greetUnit(method);
     if (greeted != QLatin1String("OK"))
         return greeted;
     isConnected = true;
@@ -272,6 +274,8 @@ qint64 qkv720::writeSerial(QByteArray &frame)
 
 // ---- Discovery and lists ---------------------------------------------------------------------------------------
 
+// The signature is given: the text is taken by value.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 uint qkv720::HLNPScan(QString cmd, int netcardIndex)
 {
     constexpr int kLooks = 500;

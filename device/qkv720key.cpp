@@ -272,7 +272,7 @@ void qkv720::getCKDark(uint method, bool *enable, uint *level, uint *density, ui
     *enable = ckDark.enable;
     *level = ckDark.level;
     *density = ckDark.density;
-    *balance = static_cast<uint>(ckDark.balance); // widened with its sign
+    *balance = static_cast<uint>(int{ckDark.balance}); // widened with its sign
 }
 
 void qkv720::setCKDark(uint method, bool enable, uint level, uint density, uint balance)
