@@ -247,6 +247,7 @@ void mainControl::tellWholeUnit()
     qDebug() << "Page Input Info:" << qkv720Obj->getInputRes(1) << qkv720Obj->getInputRes(2)
              << qkv720Obj->getInputRes(3) << qkv720Obj->getInputRes(4) << qkv720Obj->genlockStatus
              << qkv720Obj->getInputSource(1) << qkv720Obj->getInputSource(2) << qkv720Obj->getInputSource(3)
+             << qkv720Obj->getInputFreeze(1) << qkv720Obj->getInputFreeze(2) << qkv720Obj->getInputFreeze(3)
              << qkv720Obj->genlockSrc << qkv720Obj->genlock_H << qkv720Obj->genlock_V;
 
     getBKColor();
