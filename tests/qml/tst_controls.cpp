@@ -9,7 +9,7 @@ class TestControls : public QObject
 
 private slots:
     void cleanup();
-    void rowStartsAsTold();
+    void rowStartValues();
     void rowStandsInItsColumns();
     void startValueOutsideTheDefaultRangeHolds();
     void plusActsOnReleaseByOne();
@@ -26,7 +26,7 @@ private slots:
     void unconfirmedTextIsOverwritten();
     void fieldTakesNoNumberOutsideTheRange();
     void fieldHoldsSixCharacters();
-    void disabledRowLooksAndActsAsTold();
+    void disabledRowIsGreyAndItsSliderDead();
     void enabledAgainIsAsBefore();
     void smallTextsStandUnderTheEnds();
     void comboOpensAListOfThreeHundred();
@@ -67,7 +67,7 @@ void TestControls::makeCombo(const QByteArray &more)
     QVERIFY(h->show());
 }
 
-void TestControls::rowStartsAsTold()
+void TestControls::rowStartValues()
 {
     makeRow();
     QCOMPARE(h->face("control.source"), QStringLiteral("img_bg_input_line"));
@@ -286,7 +286,7 @@ void TestControls::fieldHoldsSixCharacters()
     QCOMPARE(h->text("control.textValue"), QStringLiteral("-99999"));
 }
 
-void TestControls::disabledRowLooksAndActsAsTold()
+void TestControls::disabledRowIsGreyAndItsSliderDead()
 {
     makeRow();
     h->eval("control.enableItem(false)");

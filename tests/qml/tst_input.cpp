@@ -10,7 +10,7 @@ class TestInput : public QObject
 private slots:
     void init();
     void cleanup();
-    void startsAsTold();
+    void startValues();
     void loadingSendsNothing();
     void resolutionCodesBecomeTexts();
     void codeOutsideTheTableLeavesTheText();
@@ -76,7 +76,7 @@ void TestInput::firstSource()
     h->facade.forget();
 }
 
-void TestInput::startsAsTold()
+void TestInput::startValues()
 {
     for (const char *id : {"txtFGRes", "txtBGRes", "txtAuxRes", "txtSyncRes"})
         QCOMPARE(h->text(QString(id) + ".text"), QStringLiteral("1080p59"));

@@ -11,8 +11,8 @@ private slots:
     void init();
     void cleanup();
     void startsOffButDrawnAsEnabled();
-    void rowsAreAsTold_data();
-    void rowsAreAsTold();
+    void rowTitlesAndRanges_data();
+    void rowTitlesAndRanges();
     void loadingSendsNothing();
     void everyRowGoesThroughTheThrottle_data();
     void everyRowGoesThroughTheThrottle();
@@ -32,7 +32,7 @@ private slots:
     void refreshOffShowsTheDisabledSet();
     void languageLeavesDisabledFaces();
     void dragEndsOnTheLastValue();
-    void standsWhereToldInEveryLanguage();
+    void nothingMovesWithTheLanguage();
 
 private:
     void turnOn();
@@ -123,7 +123,7 @@ void TestLumakey::startsOffButDrawnAsEnabled()
     QCOMPARE(h->page->position(), QPointF(30, 10));
 }
 
-void TestLumakey::rowsAreAsTold_data()
+void TestLumakey::rowTitlesAndRanges_data()
 {
     QTest::addColumn<QString>("id");
     QTest::addColumn<QString>("title");
@@ -138,7 +138,7 @@ void TestLumakey::rowsAreAsTold_data()
                                << "Swap Time:" << 20;
 }
 
-void TestLumakey::rowsAreAsTold()
+void TestLumakey::rowTitlesAndRanges()
 {
     QFETCH(QString, id);
     QFETCH(QString, title);
@@ -389,7 +389,7 @@ void TestLumakey::dragEndsOnTheLastValue()
                  .arg(h->number("auxLumakeySoftness.sliderValue")));
 }
 
-void TestLumakey::standsWhereToldInEveryLanguage()
+void TestLumakey::nothingMovesWithTheLanguage()
 {
     QVERIFY(!h->grab(h->window->contentItem(), "lumakey-start").isNull());
     QCOMPARE(h->at(h->item("btnAuxLumakeyKeymodeBlackImage"), 0, 0), QPoint(504, 256));

@@ -10,9 +10,9 @@ class TestPostProcessor : public QObject
 private slots:
     void init();
     void cleanup();
-    void rowsAreAsTold_data();
-    void rowsAreAsTold();
-    void sectionsAreAsTold();
+    void rowTitlesAndRanges_data();
+    void rowTitlesAndRanges();
+    void sectionTitlesAndHeights();
     void loadingSendsNothing();
     void everyRowSendsItsGroup_data();
     void everyRowSendsItsGroup();
@@ -35,6 +35,7 @@ private slots:
     void pollingIsNotTouched();
     void languageChangesThePictures();
     void scrollsToTheEnd();
+    void stillPageDrawsNothing();
 
 private:
     QString header(int section) const { return QStringLiteral("pagePP_ContentHeader0%1").arg(section); }
@@ -56,7 +57,7 @@ void TestPostProcessor::cleanup()
 
 namespace {
 
-struct RowTold
+struct RowFacts
 {
     const char *id;
     const char *title;
@@ -66,7 +67,7 @@ struct RowTold
     int section;
 };
 
-const RowTold rows[] = {
+const RowFacts rows[] = {
     {"ppfgHue", "Hue:", -180, 180, 0, 1},
     {"ppfgSaturation", "Saturation:", 0, 1000, 500, 1},
     {"ppfgContrast", "Contrast:", 0, 1000, 500, 1},
@@ -83,17 +84,17 @@ const RowTold rows[] = {
 
 } // namespace
 
-void TestPostProcessor::rowsAreAsTold_data()
+void TestPostProcessor::rowTitlesAndRanges_data()
 {
     QTest::addColumn<int>("index");
     for (int i = 0; i < 12; ++i)
         QTest::newRow(rows[i].id) << i;
 }
 
-void TestPostProcessor::rowsAreAsTold()
+void TestPostProcessor::rowTitlesAndRanges()
 {
     QFETCH(int, index);
-    const RowTold &row = rows[index];
+    const RowFacts &row = rows[index];
     const QString id = row.id;
     QCOMPARE(h->text(id + ".title"), QString(row.title));
     QCOMPARE(h->number(id + ".sliderMin"), row.low);
@@ -102,7 +103,7 @@ void TestPostProcessor::rowsAreAsTold()
     QCOMPARE(h->text(id + ".textValue"), QString::number(row.start));
 }
 
-void TestPostProcessor::sectionsAreAsTold()
+void TestPostProcessor::sectionTitlesAndHeights()
 {
     QCOMPARE(h->text(header(1) + ".title"), QStringLiteral("FG PostAmp"));
     QCOMPARE(h->text(header(2) + ".title"), QStringLiteral("FG Corrector"));
@@ -274,7 +275,7 @@ void TestPostProcessor::switchTurnsTheSectionOffAndOn()
     QCOMPARE(h->face(header(section) + ".switchSource"), QStringLiteral("btn_switch_off_dashboard"));
     QCOMPARE(h->face(header(section) + ".resetSource"), QStringLiteral("btn_d_reset_dashboard"));
     QVERIFY(h->flag(header(section) + ".resetEnabled"));
-    for (const RowTold &row : rows) {
+    for (const RowFacts &row : rows) {
         const bool mine = row.section == section;
         const QString id = row.id;
         QCOMPARE(h->color(id + ".titleColor"), QString(mine ? "#333333" : "#D8D8D8"));
@@ -287,7 +288,7 @@ void TestPostProcessor::switchTurnsTheSectionOffAndOn()
     QVERIFY(h->flag(flag));
     QCOMPARE(h->face(header(section) + ".switchSource"), QStringLiteral("btn_switch_on_dashboard"));
     QCOMPARE(h->face(header(section) + ".resetSource"), QStringLiteral("btn_n_reset_dashboard"));
-    for (const RowTold &row : rows)
+    for (const RowFacts &row : rows)
         QCOMPARE(h->color(QString(row.id) + ".titleColor"), QStringLiteral("#D8D8D8"));
 }
 
@@ -455,6 +456,18 @@ void TestPostProcessor::scrollsToTheEnd()
         QCoreApplication::sendEvent(h->window, &event);
     }
     QTRY_COMPARE(h->number("scrollContent.contentItem.contentY"), 0);
+}
+
+void TestPostProcessor::stillPageDrawsNothing()
+{
+    h->click("pagePP_ContentHeader01.foldButton");
+    QTRY_COMPARE(h->number("pagePP_ContentArea01.height"), 74);
+    QTest::qWait(200);
+    QSignalSpy frames(h->window, &QQuickWindow::frameSwapped);
+    QTest::qWait(500);
+    QCOMPARE(frames.count(), 0);
+    const QImage folded = h->grab(h->window->contentItem(), "postprocessor-folded");
+    QCOMPARE(h->grab(h->window->contentItem(), "postprocessor-folded"), folded);
 }
 
 QTEST_MAIN(TestPostProcessor)

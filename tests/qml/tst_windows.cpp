@@ -8,8 +8,8 @@ class TestWindows : public QObject
     Q_OBJECT
 
 private slots:
-    void startsAsTold_data() { pages(); }
-    void startsAsTold();
+    void startValues_data() { pages(); }
+    void startValues();
     void loadingSendsNothing_data() { pages(); }
     void loadingSendsNothing();
     void everyRowGoesThroughTheThrottle_data() { pages(); }
@@ -34,8 +34,8 @@ private slots:
     void foldMarkDoesNothing();
     void languageChangesThePictures_data() { pages(); }
     void languageChangesThePictures();
-    void standsWhereToldInEveryLanguage_data() { pages(); }
-    void standsWhereToldInEveryLanguage();
+    void nothingMovesWithTheLanguage_data() { pages(); }
+    void nothingMovesWithTheLanguage();
 
 private:
     void pages();
@@ -89,7 +89,7 @@ void TestWindows::refresh(bool enable, uint invert, uint left, uint right, uint 
         emit h->facade.refreshHoldoutWindow(enable, invert, left, right, top, bottom, border);
 }
 
-void TestWindows::startsAsTold()
+void TestWindows::startValues()
 {
     open();
     QCOMPARE(h->page->position(), QPointF(30, 10));
@@ -331,7 +331,7 @@ void TestWindows::languageChangesThePictures()
     close();
 }
 
-void TestWindows::standsWhereToldInEveryLanguage()
+void TestWindows::nothingMovesWithTheLanguage()
 {
     open();
     refresh(true, 0, 120, 905, 64, 1000, 8);
