@@ -20,6 +20,8 @@ private slots:
     void typedAddressAfterAScan();
     void failedConnectStoresNothing();
     void statusFailureLeavesThePollStopped();
+    void linkThatDiesBeforeTheFirstStatus_data();
+    void linkThatDiesBeforeTheFirstStatus();
     void linkThatDiesAt_data();
     void linkThatDiesAt();
     void disconnect();
@@ -253,6 +255,34 @@ void TestConnect::statusFailureLeavesThePollStopped()
     QVERIFY(!QFile::exists(settingsPath()));
 }
 
+void TestConnect::linkThatDiesBeforeTheFirstStatus_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<int>("attempts");
+    const QString version = QStringLiteral("Get Version failed. \nDevice may be disconnected.");
+    const QString status = QStringLiteral("Device disconnected.");
+    QTest::newRow("version") << int(standin::Version) << version << 4;
+    QTest::newRow("device type") << int(standin::DeviceType) << version << 4;
+    QTest::newRow("routing") << int(standin::OutputRouting) << status << 3;
+    QTest::newRow("output standard") << int(standin::OutputStandard) << status << 3;
+    QTest::newRow("input selection") << int(standin::InputSelection) << status << 3;
+    QTest::newRow("input standards") << int(standin::InputStandard) << status << 3;
+}
+
+void TestConnect::linkThatDiesBeforeTheFirstStatus()
+{
+    QFETCH(int, code);
+    QFETCH(QString, words);
+    QFETCH(int, attempts);
+    FacadeBench bench;
+    bench.host.setFault(code, standin::Fault::closeLink());
+    QCOMPARE(bench.control->deviceConnect(1, bench.target(), 0), words);
+    QCOMPARE(bench.recorder->told, warnings(attempts));
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
+    QVERIFY(!QFile::exists(settingsPath()));
+}
+
 void TestConnect::linkThatDiesAt_data()
 {
     QTest::addColumn<int>("code");
@@ -269,8 +299,8 @@ void TestConnect::linkThatDiesAt()
     QFETCH(int, toldBefore);
     FacadeBench bench;
     bench.host.withUnit(prepare);
-    QVERIFY(bench.connectUnit());
-    bench.host.setFault(code, standin::Fault::silent());
+    QVERIFY(bench.connectUnit()); // the values that the failing read then repeats
+    bench.host.setFault(code, standin::Fault::closeLink());
     QCOMPARE(bench.control->deviceConnect(1, bench.target(), 0), QStringLiteral("OK"));
 
     // The failing read warns at each of its four attempts and still tells its stored values; the reads behind

@@ -8,11 +8,18 @@ class TestMemory : public QObject
 {
     Q_OBJECT
 
+private:
+    static void deaths(int first, int count);
+
 private slots:
     void init() { QFile::remove(settingsPath()); }
     void recall();
     void factoryReset();
     void recallOnALinkThatDies();
+    void recallThatDiesEarly_data();
+    void recallThatDiesEarly();
+    void recallThatDiesLate_data();
+    void recallThatDiesLate();
     void save_data();
     void save();
     void saveIsRememberedBeforeTheUnitHears();
@@ -128,6 +135,51 @@ void TestMemory::recallOnALinkThatDies()
                      QStringLiteral("warning"), QStringLiteral("warning"), QStringLiteral("refreshCKDark")}));
     QCOMPARE(storedKeys(QStringLiteral("last_info")), QStringList{QStringLiteral("memory=4")});
     QVERIFY(!bench.control->timerRefreshStatus->isActive());
+}
+
+// The reads of a recall behind the status, in their order.
+void TestMemory::deaths(int first, int count)
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("toldBefore"); // signals that leave before the failing read's own
+    const int codes[] = {0x50, 0x51, 0x52, 0x53, 0x54, 0x57, 0x55, 0x56, 0x58, 0x59, 0x5B, 0x5A, 0x5F, 0x5C};
+    for (int i = first; i < first + count; ++i)
+        QTest::addRow("%02x", codes[i]) << codes[i] << 9 + i;
+}
+
+void TestMemory::recallThatDiesEarly_data()
+{
+    deaths(0, 7);
+}
+
+void TestMemory::recallThatDiesEarly()
+{
+    QFETCH(int, code);
+    QFETCH(int, toldBefore);
+    FacadeBench bench;
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(code, standin::Fault::closeLink());
+    QElapsedTimer clock;
+    clock.start();
+    bench.control->loadMemory(2);
+    QVERIFY(clock.elapsed() >= 2600);
+    const QStringList names = namesOf(bench.recorder->told);
+    QCOMPARE(names.size(), toldBefore + 4 + 1);
+    QCOMPARE(names.mid(toldBefore, 4).count(QStringLiteral("warning")), 4);
+    QVERIFY(names.last() != QLatin1String("warning"));
+    QCOMPARE(storedKeys(QStringLiteral("last_info")), QStringList{QStringLiteral("memory=2")});
+    QVERIFY(!bench.control->isConnected());
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
+}
+
+void TestMemory::recallThatDiesLate_data()
+{
+    deaths(7, 7);
+}
+
+void TestMemory::recallThatDiesLate()
+{
+    recallThatDiesEarly();
 }
 
 void TestMemory::save_data()
