@@ -215,7 +215,7 @@ QString mainControl::deviceConnect(uint method, QString select, uint selectedNet
     QThread::msleep(kAfterDisconnectMs);
     qDebug() << "Connect to" << method << select;
 
-    const QString ret = qkv720Obj->connectDevice(method, select);
+    QString ret = qkv720Obj->connectDevice(method, select);
     if (ret == QLatin1String("OK")) {
         currentConnectMethod = method;
         tellWholeUnit();

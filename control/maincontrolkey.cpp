@@ -135,7 +135,7 @@ void mainControl::getCKDark()
     bool enable = qkv720Obj->ckDark.enable;
     uint level = qkv720Obj->ckDark.level;
     uint density = qkv720Obj->ckDark.density;
-    auto balance = static_cast<uint>(qkv720Obj->ckDark.balance);
+    auto balance = static_cast<uint>(int{qkv720Obj->ckDark.balance});
     qkv720Obj->getCKDark(currentConnectMethod, &enable, &level, &density, &balance);
     qDebug() << "Get Dark: " << enable << level << density << balance;
     pause.end();
