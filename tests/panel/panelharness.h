@@ -92,7 +92,7 @@ public:
     }
     void click(const QString &id) { clickAt(middle(item(id))); }
 
-    // Opens a drop-down and picks a row that its list shows without scrolling.
+    // Opens a drop-down and picks a row, scrolled to if need be.
     void choose(const QString &combo, int row)
     {
         click(combo);
@@ -102,7 +102,10 @@ public:
         QQuickItem *list = item(combo + QStringLiteral(".popup.contentItem"));
         // The rows come with the first frame after the list opens.
         QTest::qWait(100);
-        clickAt(list->mapToScene(QPointF(list->width() / 2, (row + 0.5) * box->height())).toPoint());
+        // What a turn of the wheel does.
+        eval(combo + QStringLiteral(".popup.contentItem.positionViewAtIndex(%1, 4)").arg(row));
+        const qreal top = list->property("contentY").toReal();
+        clickAt(list->mapToScene(QPointF(list->width() / 2, (row + 0.5) * box->height() - top)).toPoint());
         if (!standsClosed(combo + QStringLiteral(".popup")))
             qFatal("%s does not close on row %d, is on %d", qPrintable(combo), row,
                    number(combo + ".currentIndex"));
