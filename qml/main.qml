@@ -201,7 +201,8 @@ ApplicationWindow {
 
     function enableSetup(on) {
         btnSetup.enabled = on
-        btnSetup.source = on ? "qrc:/img/pc/btn_n_setup_dashboard.png" : "qrc:/img/pc/btn_d_setup_dashboard.png"
+        btnSetup.source = on ? "qrc:/img/pc/btn_n_setup_dashboard.png"
+                             : "qrc:/img/pc/btn_d_setup_dashboard.png"
     }
 
     // PVW SDI and PVW HDMI are driven by one group of controls, so its three values go out twice.
@@ -312,7 +313,8 @@ ApplicationWindow {
             result = mainObject.deviceConnect(1, txtIPAddr.text, comboConnectComPort.currentIndex)
             console.log("device connect:", result)
         } else {
-            result = mainObject.deviceConnect(2, comboConnectComPort.currentText, comboConnectComPort.currentIndex)
+            result = mainObject.deviceConnect(2, comboConnectComPort.currentText,
+                                              comboConnectComPort.currentIndex)
         }
         if (result === "OK") {
             enableSetup(true)
@@ -348,9 +350,10 @@ ApplicationWindow {
             comboSetupVOutRes.enabled = !autoOutputRes
         }
 
-        onRefreshOutputSourcePGM: showRouting(comboPgmSdiOutput, checkboxPGMSDI, btnLockPGMSDI, source, lock, mirror)
-        onRefreshOutputSourcePGMHDMI: showRouting(comboPgmHdmiOutput, checkboxPGMHDMI, btnLockPGMHDMI, source, lock,
-                                                  mirror)
+        onRefreshOutputSourcePGM: showRouting(comboPgmSdiOutput, checkboxPGMSDI, btnLockPGMSDI, source, lock,
+                                              mirror)
+        onRefreshOutputSourcePGMHDMI: showRouting(comboPgmHdmiOutput, checkboxPGMHDMI, btnLockPGMHDMI, source,
+                                                  lock, mirror)
         onRefreshOutputSourcePVW: showRouting(comboPvwOutput, checkboxPVW, btnLockPVW, source, lock, mirror)
         onRefreshOutputSourcePVWHDMI: {
             // The PVW group shows the SDI side; the HDMI side is set from the same controls.
@@ -495,7 +498,8 @@ ApplicationWindow {
                         source = "qrc:/img/pc/btn_n_connect_dashboard.png"
                     } else {
                         source = "qrc:/img/pc/btn_p_connect_dashboard.png"
-                        mainObject.connectPopup(comboConnectInterface.currentIndex, comboConnectComPort.currentIndex)
+                        mainObject.connectPopup(comboConnectInterface.currentIndex,
+                                                comboConnectComPort.currentIndex)
                         popupConnect.open()
                     }
                     btnConnectClicked = !btnConnectClicked
@@ -510,7 +514,8 @@ ApplicationWindow {
             source: "qrc:/img/pc/img_bg_output_dashboard.png"
 
             readonly property var sources: [qsTr("FG") + qmlTranslator.e_str, qsTr("BG") + qmlTranslator.e_str,
-                                            qsTr("AUX") + qmlTranslator.e_str, qsTr("Matte") + qmlTranslator.e_str,
+                                            qsTr("AUX") + qmlTranslator.e_str,
+                                            qsTr("Matte") + qmlTranslator.e_str,
                                             qsTr("PFG") + qmlTranslator.e_str, qsTr("Comp") + qmlTranslator.e_str]
 
             Row {
@@ -616,13 +621,14 @@ ApplicationWindow {
 
                     MyComboBox {
                         id: comboUserMem
+
+                        readonly property string word: qsTr("User") + qmlTranslator.e_str
+
                         width: 95
                         height: 30
                         enabled: !memoryLock
-                        model: [qsTr("User") + qmlTranslator.e_str + " 1", qsTr("User") + qmlTranslator.e_str + " 2",
-                                qsTr("User") + qmlTranslator.e_str + " 3", qsTr("User") + qmlTranslator.e_str + " 4",
-                                qsTr("User") + qmlTranslator.e_str + " 5", qsTr("User") + qmlTranslator.e_str + " 6",
-                                qsTr("User") + qmlTranslator.e_str + " 7", qsTr("User") + qmlTranslator.e_str + " 8"]
+                        model: [word + " 1", word + " 2", word + " 3", word + " 4",
+                                word + " 5", word + " 6", word + " 7", word + " 8"]
                         onCurrentIndexChanged: outputTitleUserMemOp.text = ""
                     }
 
@@ -632,7 +638,8 @@ ApplicationWindow {
                         id: outputMemoryLoad
                         enabled: !memoryLock
                         opacity: enabled ? 1.0 : 0.45
-                        source: sourcePath + (pressed ? "btn_p_load_usermemory.png" : "btn_n_load_usermemory.png")
+                        source: sourcePath + (pressed ? "btn_p_load_usermemory.png"
+                                                      : "btn_n_load_usermemory.png")
                         onPressedChanged: outputTitleUserMemOp.text = pressed
                                           ? qsTr("Setting up...") + qmlTranslator.e_str
                                           : qsTr("Setting completed.") + qmlTranslator.e_str
@@ -643,7 +650,8 @@ ApplicationWindow {
                         id: outputMemorySave
                         enabled: !memoryLock
                         opacity: enabled ? 1.0 : 0.45
-                        source: sourcePath + (pressed ? "btn_p_save_usermemory.png" : "btn_n_save_usermemory.png")
+                        source: sourcePath + (pressed ? "btn_p_save_usermemory.png"
+                                                      : "btn_n_save_usermemory.png")
                         onPressedChanged: outputTitleUserMemOp.text = pressed
                                           ? qsTr("Setting up...") + qmlTranslator.e_str
                                           : qsTr("Setting completed.") + qmlTranslator.e_str
@@ -652,7 +660,8 @@ ApplicationWindow {
 
                     Image {
                         id: outputMemoryLock
-                        source: memoryLock ? "qrc:/img/pc/icon_lock_output.png" : "qrc:/img/pc/icon_unlock_output.png"
+                        source: memoryLock ? "qrc:/img/pc/icon_lock_output.png"
+                                           : "qrc:/img/pc/icon_unlock_output.png"
 
                         MouseArea {
                             anchors.fill: parent
@@ -1302,7 +1311,11 @@ ApplicationWindow {
                 NoticeText {
                     id: txtDisconnectNotifyInfoCountDown
                     anchors.centerIn: undefined
-                    anchors { horizontalCenter: parent.horizontalCenter; top: txtDisconnectNotifyInfo.bottom; topMargin: -6 }
+                    anchors {
+                        horizontalCenter: parent.horizontalCenter
+                        top: txtDisconnectNotifyInfo.bottom
+                        topMargin: -6
+                    }
                     font.pixelSize: 14
                 }
             }
@@ -1526,14 +1539,25 @@ ApplicationWindow {
 
                 FaceButton {
                     id: btnFactoryCancel
-                    anchors { top: txtFactoryDefault.bottom; topMargin: 50; left: parent.left; leftMargin: 100 }
-                    source: sourcePath + (pressed ? "btn_p_cancel_adjust_color.png" : "btn_n_cancel_adjust_color.png")
+                    anchors {
+                        top: txtFactoryDefault.bottom
+                        topMargin: 50
+                        left: parent.left
+                        leftMargin: 100
+                    }
+                    source: sourcePath + (pressed ? "btn_p_cancel_adjust_color.png"
+                                                  : "btn_n_cancel_adjust_color.png")
                     onClicked: popupFactoryDefault.close()
                 }
 
                 FaceButton {
                     id: btnFactoryReset
-                    anchors { top: txtFactoryDefault.bottom; topMargin: 50; right: parent.right; rightMargin: 100 }
+                    anchors {
+                        top: txtFactoryDefault.bottom
+                        topMargin: 50
+                        right: parent.right
+                        rightMargin: 100
+                    }
                     source: sourcePath + (pressed ? "btn_p_reset_dashboard.png" : "btn_n_reset_dashboard.png")
                     onClicked: {
                         mainObject.loadMemory(0)
@@ -1556,7 +1580,11 @@ ApplicationWindow {
 
                 FaceButton {
                     id: btnSetupSaveFinished
-                    anchors { top: txtSetupSaveFinished.bottom; topMargin: 50; horizontalCenter: parent.horizontalCenter }
+                    anchors {
+                        top: txtSetupSaveFinished.bottom
+                        topMargin: 50
+                        horizontalCenter: parent.horizontalCenter
+                    }
                     source: sourcePath + (pressed ? "btn_p_ok_adjust_color.png" : "btn_n_ok_adjust_color.png")
                     onClicked: popupSetupSaveFinished.close()
                 }
@@ -1574,7 +1602,11 @@ ApplicationWindow {
 
                 FaceButton {
                     id: btnSetupFactoryReset
-                    anchors { top: txtSetupFactoryReset.bottom; topMargin: 50; horizontalCenter: parent.horizontalCenter }
+                    anchors {
+                        top: txtSetupFactoryReset.bottom
+                        topMargin: 50
+                        horizontalCenter: parent.horizontalCenter
+                    }
                     source: sourcePath + (pressed ? "btn_p_ok_adjust_color.png" : "btn_n_ok_adjust_color.png")
                     onClicked: popupSetupFactoryReset.close()
                 }
