@@ -30,8 +30,8 @@ ApplicationWindow {
     property string sourcePath: pictureFolder(qmlTranslator.currentLanguage())
     property int btnFontSize: 20
 
-    // True while the document loads, a language switch replaces models, or the unit's own format is shown:
-    // an index that moves then is nobody's choice, and none of it may reach the unit.
+    // True while the document loads or a language switch replaces models: an index that moves then is nobody's
+    // choice, and none of it may reach the unit.
     property bool settling: true
 
     visible: true
@@ -341,11 +341,10 @@ ApplicationWindow {
         }
 
         onShowVout: {
-            // The poll repeats this; a format that the unit changed by itself must not hold the poll.
-            settling = true
+            // Both combos hold the poll at every change, one that the unit reports included: after a format that was
+            // changed at the unit the poll rests until the next operation, or until the setup panel closes.
             comboSetupVOutRes.currentIndex = findListOutputResolutionIndex(res)
             comboSetupVOutOutputFormat.currentIndex = colorformat
-            settling = false
             autoOutputRes = std !== 0
             comboSetupVOutRes.enabled = !autoOutputRes
         }
