@@ -22,6 +22,7 @@ ComboBox {
     delegate: ItemDelegate {
         width: thiscombo.width
         height: thiscombo.height
+        text: modelData
         padding: 0
         leftPadding: 5
         rightPadding: 6

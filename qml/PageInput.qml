@@ -244,7 +244,7 @@ Item {
 
             function foldTo(h) {
                 foldAnimationGenlock.to = h
-                foldAnimationGenlock.start()
+                foldAnimationGenlock.restart()
             }
 
             width: 1110

@@ -114,7 +114,7 @@ Item {
 
                 function foldTo(h) {
                     foldAnimation01.to = h
-                    foldAnimation01.start()
+                    foldAnimation01.restart()
                 }
 
                 width: 1110
@@ -204,7 +204,7 @@ Item {
 
                 function foldTo(h) {
                     foldAnimation02.to = h
-                    foldAnimation02.start()
+                    foldAnimation02.restart()
                 }
 
                 anchors.top: pagePP_ContentArea01.bottom
@@ -312,7 +312,7 @@ Item {
 
                 function foldTo(h) {
                     foldAnimation03.to = h
-                    foldAnimation03.start()
+                    foldAnimation03.restart()
                 }
 
                 anchors.top: pagePP_ContentArea02.bottom

@@ -415,6 +415,13 @@ void TestInput::foldHidesTheOffsets()
     QVERIFY(h->flag("itemOffset.visible"));
     QCOMPARE(h->face("btnGenlockFolder.source"), QStringLiteral("btn_n_show_dashboard"));
     QTRY_COMPARE(h->number("pageInput_ContentGenlock.height"), 225);
+
+    // Two clicks inside one animation: the height goes by the last.
+    h->click("btnGenlockFolder");
+    h->click("btnGenlockFolder");
+    QVERIFY(!h->flag("genlockFolded"));
+    QTest::qWait(500);
+    QCOMPARE(h->number("pageInput_ContentGenlock.height"), 225);
 }
 
 void TestInput::refreshWhileFoldedWritesTheSliders()

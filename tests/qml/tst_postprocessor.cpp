@@ -394,6 +394,13 @@ void TestPostProcessor::sectionsFold()
     QVERIFY(h->item(row)->isVisible());
     QTRY_COMPARE(h->number(area + ".height"), open);
     QCOMPARE(h->face(header(section) + ".foldButton.source"), QStringLiteral("btn_n_show_dashboard"));
+
+    // Two clicks inside one animation: the height goes by the last.
+    h->click(header(section) + ".foldButton");
+    h->click(header(section) + ".foldButton");
+    QVERIFY(!h->flag(folded));
+    QTest::qWait(500);
+    QCOMPARE(h->number(area + ".height"), open);
 }
 
 void TestPostProcessor::throttleOpensOneWindow()
