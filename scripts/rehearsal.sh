@@ -35,7 +35,8 @@ ip link set lo up &&
     in_unit ip route add default dev unit0 || stop "the private network could not be made"
 
 unit_log=$work/unit.log
-in_unit "$programs/qkv720-unit" --address 192.168.72.10 --name REHEARSAL --mac 02:51:4B:56:07:20 \
+# Started without the helper function, so that the process number is the unit's own and it ends with the rehearsal.
+nsenter -t "$holder" -n -- "$programs/qkv720-unit" --address 192.168.72.10 --name REHEARSAL --mac 02:51:4B:56:07:20 \
     --mask 255.255.255.0 --gateway 192.168.72.1 --primary-dns 192.168.72.1 --secondary-dns 192.168.72.1 \
     --state "$work/unit.json" >"$unit_log" 2>&1 </dev/null &
 started+=($!)
