@@ -22,8 +22,9 @@ QString codeOf(const QString &folder)
     QString &code = known[folder];
     if (code.isEmpty()) {
         const QStringList kinds{QStringLiteral("*.cpp"), QStringLiteral("*.h"), QStringLiteral("*.qml")};
-        for (QDirIterator it(kRoot + folder, kinds, QDir::Files, QDirIterator::Subdirectories); it.hasNext();)
-            code += it.next() + QLatin1Char('\n') + textOf(it.filePath());
+        QDirIterator files(kRoot + folder, kinds, QDir::Files, QDirIterator::Subdirectories);
+        while (files.hasNext())
+            code += textOf(files.next()) + QLatin1Char('\n');
     }
     return code;
 }
