@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "blocks"
 
 // One row of a page: title, slider, minus and plus, number field.
 //

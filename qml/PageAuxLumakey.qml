@@ -1,6 +1,7 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
-import "Pictures.js" as Pictures
+import "blocks"
+import "blocks/Pictures.js" as Pictures
 
 // The luma key on the auxiliary input: polarity, cut-off, softness, opacity, and which key lies on top.
 Item {

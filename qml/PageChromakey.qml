@@ -1,7 +1,8 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
 import QtQuick.Dialogs 1.2
-import "Pictures.js" as Pictures
+import "blocks"
+import "blocks/Pictures.js" as Pictures
 
 // The chromakey page: six foldable sections in one scrolling column, and the colour picker.
 //

@@ -1,6 +1,7 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
-import "Pictures.js" as Pictures
+import "blocks"
+import "blocks/Pictures.js" as Pictures
 
 // The rectangular holdout window: four edges in picture pixels up to 3840 x 2160, whatever the output
 // format, border, invert.

@@ -1,6 +1,7 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
-import "Pictures.js" as Pictures
+import "blocks"
+import "blocks/Pictures.js" as Pictures
 
 // What the unit sees on its inputs, the foreground source, the freezes and the genlock.
 Item {

@@ -1,6 +1,7 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
-import "Pictures.js" as Pictures
+import "blocks"
+import "blocks/Pictures.js" as Pictures
 
 // The picture after the key: processing amplifier and RGB corrector of the foreground, blur of the
 // background.

@@ -1,7 +1,8 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "blocks"
 
-// The panel's window. Ids and translated texts live here; what has no words stands in the blocks beside it.
+// The panel's window. Ids and translated texts live here; what has no words stands in blocks/.
 // Sections, in the order of the screen: lists and state, rules shared by several controls, signals of the
 // facade, header, output band, menu and pages, start-up mask, warning, connection panel, setup panel.
 ApplicationWindow {

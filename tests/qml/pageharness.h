@@ -181,6 +181,7 @@ private:
         return QByteArrayLiteral(R"(
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "blocks"
 
 ApplicationWindow {
     id: mainWindow
