@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QImage>
+
+// Two pictures of the same state, dot by dot.
+struct Comparison
+{
+    int dots = 0; // how many differ by more than the tolerance in a channel; all where the sizes differ
+    QImage difference; // the first picture dimmed, with those dots in red
+};
+
+Comparison compare(const QImage &expected, const QImage &found, int tolerance);

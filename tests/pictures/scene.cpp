@@ -1,0 +1,233 @@
+#include "scene.h"
+
+#include <QGuiApplication>
+#include <QStyleHints>
+
+namespace {
+
+// Where fold mark and reset stand in the header of a section.
+constexpr QPoint kFoldMark(27, 37);
+constexpr QPoint kReset(1045, 37);
+
+// A corner where nothing answers to the pointer.
+constexpr QPoint kNowhere(1364, 766);
+
+constexpr int kGrabs = 60;
+
+QQuickItem *firstResolving(QQuickItem *below, const QString &expression, QVariant *value)
+{
+    for (QQuickItem *child : below->childItems()) {
+        if (QQmlContext *context = QQmlEngine::contextForObject(child)) {
+            QQmlExpression run(context, child, expression);
+            *value = run.evaluate();
+            if (!run.hasError())
+                return child;
+        }
+        if (QQuickItem *found = firstResolving(child, expression, value))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Scene::Scene(const QString &language)
+    : m_panel(&facade)
+{
+    // A caret that never blinks.
+    QGuiApplication::styleHints()->setCursorFlashTime(0);
+    if (!m_panel.show())
+        qFatal("the window does not show");
+    emit facade.refreshLanguage(language);
+    awaitOpened(QStringLiteral("popupMask"));
+}
+
+Scene::~Scene()
+{
+    if (m_holding)
+        QTest::mouseRelease(m_panel.window, Qt::LeftButton, {}, m_held);
+}
+
+void Scene::connectUnit()
+{
+    report();
+    emit facade.autoConnectResult(QStringLiteral("OK"));
+    awaitClosed(QStringLiteral("popupMask"));
+}
+
+void Scene::report()
+{
+    emit facade.showVersion(QStringLiteral("1.42"), QStringLiteral("2.07"), QStringLiteral("0.9"));
+    emit facade.showVout(14, 1, 0);
+    emit facade.refreshOutputSourcePGM(6, false, false);
+    emit facade.refreshOutputSourcePGMHDMI(1, false, false);
+    emit facade.refreshOutputSourcePVW(4, false, true);
+    emit facade.refreshUserMemory(3);
+    emit facade.refreshInputResolution(14, 6, 3, 0, 0);
+    emit facade.refreshInputSource(0, 0, 0);
+    emit facade.refreshInputFreeze(false, true, false);
+    emit facade.refreshGenlock(1, -1200, 75);
+    emit facade.refreshBKColorAdjust(QStringLiteral("#1fa24a"), 122, 639, 290, 140, 0.68, 0.38);
+    emit facade.refreshCKAngle(21, 62);
+    emit facade.refreshCKBWLevel(100, 900, true);
+    emit facade.refreshCKDark(true, 210, 220, 30);
+    emit facade.refreshCKBright(true, 310, 320, 40);
+    emit facade.refreshCKShadow(true, 410);
+    emit facade.refreshCKSpill(510, 520, 530, 540, false, 1, false, false);
+    emit facade.refreshEdgeFix(true, 11, 12, 13);
+    emit facade.refreshPPFGPostAmp(true, 480, 520, 610, 35);
+    emit facade.refreshPPFGRGBCorrector(true, 900, 20, 910, 30, 920, 40);
+    emit facade.refreshPPBGBlur(true, 33, 7);
+    emit facade.refreshWindow(true, 0, 110, 890, 120, 880, 15);
+    emit facade.refreshHoldoutWindow(true, 0, 400, 3400, 220, 1900, 25);
+    emit facade.refreshLumaKey(true, 0, 300, 400, 0, 8, 750);
+}
+
+void Scene::showPage(int page)
+{
+    static const QStringList entries{"menuInput",       "menuChromakey",     "menuPostProcessor",
+                                     "menuGarbageMask", "menuHoldoutWindow", "menuAuxLumakey"};
+    connectUnit();
+    click(entries.at(page - 1));
+}
+
+QVariant Scene::evalIn(const QString &page, const QString &expression) const
+{
+    QVariant value;
+    if (!firstResolving(m_panel.item(page), expression, &value))
+        qFatal("%s knows no %s", qPrintable(page), qPrintable(expression));
+    return value;
+}
+
+QQuickItem *Scene::item(const QString &name) const
+{
+    const int dot = name.indexOf(QLatin1Char('.'));
+    QVariant found = name.startsWith(QLatin1String("page")) && dot > 0
+        ? evalIn(name.left(dot), name.mid(dot + 1))
+        : m_panel.eval(name);
+    auto *target = found.value<QQuickItem *>();
+    if (!target)
+        qFatal("%s is no item", qPrintable(name));
+    return target;
+}
+
+QPoint Scene::placeIn(QQuickItem *target, const QPoint &place)
+{
+    return target->mapToScene(place).toPoint();
+}
+
+void Scene::click(const QString &name)
+{
+    m_panel.clickAt(m_panel.middle(item(name)));
+}
+
+void Scene::click(const QString &name, const QPoint &place)
+{
+    m_panel.clickAt(placeIn(item(name), place));
+}
+
+void Scene::press(const QString &name)
+{
+    pressAt(m_panel.middle(item(name)));
+}
+
+void Scene::press(const QString &name, const QPoint &place)
+{
+    pressAt(placeIn(item(name), place));
+}
+
+void Scene::pressAt(const QPoint &place)
+{
+    m_panel.pressAt(place);
+    m_held = place;
+    m_holding = true;
+}
+
+void Scene::type(const QString &name, const QString &typed)
+{
+    click(name);
+    QTest::keySequence(m_panel.window, QKeySequence::SelectAll);
+    for (const QChar c : typed)
+        QTest::keyClick(m_panel.window, c.toLatin1());
+}
+
+void Scene::openList(const QString &combo)
+{
+    click(combo);
+    const QQuickItem *box = item(combo);
+    auto *popup = box->property("popup").value<QObject *>();
+    if (!QTest::qWaitFor([&] { return popup->property("opened").toBool(); }))
+        qFatal("%s does not open", qPrintable(combo));
+}
+
+void Scene::openPopup(const QString &popup)
+{
+    eval(popup + QStringLiteral(".open()"));
+    awaitOpened(popup);
+}
+
+void Scene::awaitOpened(const QString &popup) const
+{
+    if (!m_panel.standsOpen(popup))
+        qFatal("%s does not open", qPrintable(popup));
+}
+
+void Scene::awaitClosed(const QString &popup) const
+{
+    if (!m_panel.standsClosed(popup))
+        qFatal("%s does not close", qPrintable(popup));
+}
+
+void Scene::awaitFold() const
+{
+    QTest::qWait(350);
+}
+
+void Scene::scrollTo(const QString &page, double part)
+{
+    auto *view = evalIn(page, QStringLiteral("scrollContent.contentItem")).value<QQuickItem *>();
+    view->setProperty("contentY", part * (view->property("contentHeight").toReal() - view->height()));
+}
+
+void Scene::fold(const QString &section)
+{
+    click(section, kFoldMark);
+    awaitFold();
+}
+
+void Scene::pressReset(const QString &section)
+{
+    press(section, kReset);
+}
+
+void Scene::holdMask(double arrow)
+{
+    for (const QString &name : {QStringLiteral("guideArrow"), QStringLiteral("maskbusy")}) {
+        for (QObject *object : item(name)->findChildren<QObject *>()) {
+            if (object->inherits("QQuickAbstractAnimation") && object->property("loops").toInt() < 0)
+                object->setProperty("running", false);
+        }
+    }
+    eval(QStringLiteral("maskBusyTimer.stop()"));
+    item(QStringLiteral("guideArrow"))->setProperty("opacity", arrow);
+    eval(QStringLiteral("maskbusy.contentItem.children[0].rotation = 0"));
+}
+
+QImage Scene::grab()
+{
+    if (!m_holding)
+        QTest::mouseMove(m_panel.window, kNowhere);
+    QImage last;
+    for (int i = 0; i < kGrabs; ++i) {
+        QTest::qWait(40);
+        const auto result = m_panel.window->contentItem()->grabToImage();
+        QSignalSpy ready(result.data(), &QQuickItemGrabResult::ready);
+        if (!ready.wait(5000))
+            return {};
+        const QImage image = result->image().convertToFormat(QImage::Format_RGB32);
+        if (image == last)
+            return image;
+        last = image;
+    }
+    return {};
+}
