@@ -24,14 +24,10 @@ void sample(Scene &scene)
     emit scene.facade.refreshBKColorPicker("#a8682c", 659, 408, 173, 29, 0.58, 0.42);
 }
 
-void foldSections(Scene &scene, int last)
+void foldSections(Scene &scene, int count)
 {
-    // From below, so that each is on the screen.
-    for (int i = last; i >= 1; --i) {
-        const QString section = QStringLiteral("pageCK.pageCK_ContentArea0%1").arg(i);
-        scene.scrollTo("pageCK", i > 4 ? 1.0 : i > 2 ? 0.4 : 0.0);
-        scene.fold(section);
-    }
+    for (int i = 1; i <= count; ++i)
+        scene.fold(QStringLiteral("pageCK.pageCK_ContentArea0%1").arg(i));
     scene.scrollTo("pageCK", 0);
 }
 

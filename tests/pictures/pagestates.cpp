@@ -104,11 +104,9 @@ QVector<State> postProcessor()
         {"post-folded",
          [](Scene &s) {
              s.showPage(3);
-             s.scrollTo("pagePP", 1);
-             s.fold("pagePP.pagePP_ContentArea03");
+             for (int i = 1; i <= 3; ++i)
+                 s.fold(QStringLiteral("pagePP.pagePP_ContentArea0%1").arg(i));
              s.scrollTo("pagePP", 0);
-             s.fold("pagePP.pagePP_ContentArea02");
-             s.fold("pagePP.pagePP_ContentArea01");
          }},
         {"post-reset-pressed",
          [](Scene &s) {

@@ -191,6 +191,13 @@ void Scene::scrollTo(const QString &page, double part)
 
 void Scene::fold(const QString &section)
 {
+    QQuickItem *target = item(section);
+    for (QQuickItem *view = target->parentItem(); view; view = view->parentItem()) {
+        if (!view->inherits("QQuickFlickable"))
+            continue;
+        const qreal top = view->property("contentY").toReal() + target->mapToItem(view, QPointF(0, 0)).y();
+        view->setProperty("contentY", qMax(0.0, top - kFoldMark.y()));
+    }
     click(section, kFoldMark);
     awaitFold();
 }

@@ -41,7 +41,8 @@ public:
     // Scrolls a page to the given part of its way, 0 to 1.
     void scrollTo(const QString &page, double part);
 
-    // The fold mark, the switch and the reset of the section, which stand at the same places on every page.
+    // Fold mark and reset of a section, which stand at the same places on every page. A section out of sight is
+    // scrolled to before it folds.
     void fold(const QString &section);
     void pressReset(const QString &section);
 

@@ -306,11 +306,10 @@ QVector<State> setup()
              openSetup(s);
              s.openList("comboSetupVOutOutputFormat");
          }},
-        {"setup-default-pressed",
+        {"setup-outside-list",
          [](Scene &s) {
              openSetup(s);
              emit s.facade.showVout(3, 0, 0);
-             s.press("btnSetupFactoryDefault");
          }},
         {"setup-save-pressed",
          [](Scene &s) {
