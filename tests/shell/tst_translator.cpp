@@ -6,7 +6,6 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-#include "control/panelstate.h"
 #include "shell/qmltranslator.h"
 
 namespace {
