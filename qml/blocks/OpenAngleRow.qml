@@ -4,8 +4,8 @@ import QtQuick.Controls 2.5
 // One row of the open angle: sign, slider with the bar of its hues below, step buttons, number field.
 //
 // Properties: sign; value (of the slider); hue, hueSpan, saturation, lightness (the bar runs from hue to
-//             hue + hueSpan, in degrees); live (false greys out bar and steps); maskColor, handleSource (the
-//             slider's). Items: slider, field, decreaseButton, increaseButton.
+//             hue + hueSpan, in degrees); live (false greys the row out and stops it); maskColor,
+//             handleSource (the slider's). Items: slider, field, decreaseButton, increaseButton.
 // Steps and typed numbers move the slider and end in onValueChanged, like a drag.
 InputLine {
     id: openAngleRow
@@ -41,6 +41,7 @@ InputLine {
         id: angleSlider
         x: 238
         y: 34
+        enabled: openAngleRow.live
         minimumValue: 0
         maximumValue: 90
         value: 45
@@ -59,6 +60,7 @@ InputLine {
         y: 17
         face: "reduce_s_chromakey"
         live: openAngleRow.live
+        enabled: openAngleRow.live
         onPressedChanged: {
             if (!pressed && angleSlider.value > 0)
                 angleSlider.value -= 1
@@ -71,6 +73,7 @@ InputLine {
         y: 17
         face: "increase_s_chromakey"
         live: openAngleRow.live
+        enabled: openAngleRow.live
         onPressedChanged: {
             // The bound is the largest byte; the slider itself holds at its own end.
             if (!pressed && angleSlider.value < 255)
@@ -84,6 +87,8 @@ InputLine {
         y: 17
         width: 106
         height: 40
+        enabled: openAngleRow.live
+        color: openAngleRow.live ? "#D8D8D8" : "#333333"
         rightPadding: 10
         font.pixelSize: 22
         horizontalAlignment: TextInput.AlignRight

@@ -15,6 +15,7 @@ Item {
         id: labelText
         height: parent.height
         color: "#757575"
+        font.pixelSize: 18
     }
 
     PanelText {
