@@ -136,6 +136,7 @@ KeySection {
                 x: 334
                 y: 19
                 source: sourcePath + "btn_n_auto_bg_chromakey.png"
+                onPressedChanged: showAuto(pressed ? "p" : "n")
                 onClicked: keyAutomatically()
             }
 

@@ -73,6 +73,16 @@ public:
         return at(slider, 11 + (slider->width() - 22) * (value - low) / span, slider->height() / 2);
     }
 
+    // From now on the button's death and return to life stand among the calls, in their place.
+    void noteEnabled(const QString &id)
+    {
+        QQuickItem *button = item(id);
+        QObject::connect(button, &QQuickItem::enabledChanged, button, [this, button] {
+            facade.calls << (button->isEnabled() ? QStringLiteral("alive") : QStringLiteral("dead"));
+            facade.times << facade.now();
+        });
+    }
+
     QStringList callsButPolls() const
     {
         QStringList rest;

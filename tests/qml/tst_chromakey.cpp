@@ -27,13 +27,18 @@ private slots:
     void onlyTheLaterGroupOfAWindowIsSent();
     void openAngleSendsMinusFirst();
     void openAngleFieldMovesTheSliderByKeystroke();
+    void openAngleFieldHoldsFourCharacters();
     void openAngleButtonsStopAtTheEnds();
     void colourFieldsSendAllThree_data();
     void colourFieldsSendAllThree();
     void colourFieldHoldsTheUnitsRange();
     void automaticColour();
+    void automaticColourShowsItsPress();
     void swatchDoesNothing();
     void hueBarsShowTheSpan();
+    void hueBarsWrap_data();
+    void hueBarsWrap();
+    void contentScrolls();
 
 private:
     std::unique_ptr<ChromaPanel> h;
@@ -304,6 +309,18 @@ void TestChromakey::openAngleFieldMovesTheSliderByKeystroke()
     QCOMPARE(h->text("txtChromaOAMinus.text"), QStringLiteral("90"));
 }
 
+void TestChromakey::openAngleFieldHoldsFourCharacters()
+{
+    h->fill();
+    for (const char *field : {"txtChromaOAPlus", "txtChromaOAMinus"}) {
+        QCOMPARE(h->number(QLatin1String(field) + ".maximumLength"), 4);
+        h->typeInto(QLatin1String(field), QStringLiteral("00001"), Qt::Key_unknown);
+        QCOMPARE(h->text(QLatin1String(field) + ".text"), QStringLiteral("0000"));
+    }
+    QCOMPARE(h->number("sliderOPPlus.value"), 0);
+    QCOMPARE(h->number("sliderOPMinus.value"), 0);
+}
+
 void TestChromakey::openAngleButtonsStopAtTheEnds()
 {
     h->fill();
@@ -363,10 +380,31 @@ void TestChromakey::colourFieldHoldsTheUnitsRange()
 void TestChromakey::automaticColour()
 {
     h->fill();
+    h->noteEnabled("btnCkBKColorAuto");
     h->click("btnCkBKColorAuto");
-    QCOMPARE(h->facade.calls, QStringList("setBKColor(122, 639, 290, 2)"));
+    QCOMPARE(h->facade.calls, QStringList({"dead", "setBKColor(122, 639, 290, 2)", "alive"}));
     QCOMPARE(Messages::logs(), QStringList({"Begin CK Auto", "End CK Auto"}));
     QVERIFY(h->flag("btnCkBKColorAuto.enabled"));
+}
+
+void TestChromakey::automaticColourShowsItsPress()
+{
+    h->fill();
+    const QPoint place = h->middle(h->item("btnCkBKColorAuto"));
+    h->press(place);
+    QCOMPARE(h->face("btnCkBKColorAuto.source"), QStringLiteral("btn_p_auto_bg_chromakey"));
+    h->release(place);
+    QCOMPARE(h->face("btnCkBKColorAuto.source"), QStringLiteral("btn_n_auto_bg_chromakey"));
+    h->translator.setTranslation(QStringLiteral("zh_CN"));
+    h->press(place);
+    QCOMPARE(h->face("btnCkBKColorAuto.source"), QStringLiteral("CN/btn_p_auto_bg_chromakey"));
+    // A report that takes the button away under the finger leaves its dead face.
+    emit h->facade.refreshCKBWLevel(100, 900, false);
+    QCOMPARE(h->face("btnCkBKColorAuto.source"), QStringLiteral("CN/btn_d_auto_bg_chromakey"));
+    h->facade.forget();
+    h->release(place);
+    QCOMPARE(h->face("btnCkBKColorAuto.source"), QStringLiteral("CN/btn_d_auto_bg_chromakey"));
+    QCOMPARE(h->facade.callsOf("setBKColor"), QStringList());
 }
 
 void TestChromakey::swatchDoesNothing()
@@ -391,6 +429,54 @@ void TestChromakey::hueBarsShowTheSpan()
     QVERIFY(qAbs(QColor(drawn.pixel(238 + 345, 57)).hslHue() - 230) <= 2);
     const QImage minus = h->grab(h->item("rowOpenAngleMinus"), QStringLiteral("chroma-angle-minus"));
     QVERIFY(qAbs(QColor(minus.pixel(238 + 345, 57)).hslHue() - 50) <= 2);
+}
+
+void TestChromakey::hueBarsWrap_data()
+{
+    QTest::addColumn<int>("hue");
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<int>("end");
+    QTest::newRow("past 0") << 30 << "rowOpenAngleMinus" << 300;
+    QTest::newRow("past 360") << 330 << "rowOpenAnglePlus" << 60;
+    QTest::newRow("red up") << 0 << "rowOpenAnglePlus" << 90;
+    QTest::newRow("red down") << 0 << "rowOpenAngleMinus" << 270;
+    QTest::newRow("last up") << 359 << "rowOpenAnglePlus" << 89;
+}
+
+// The circle of hues has no end: a bar whose span leaves 0 to 359 goes on at the other side.
+void TestChromakey::hueBarsWrap()
+{
+    QFETCH(int, hue);
+    QFETCH(QString, row);
+    QFETCH(int, end);
+    emit h->facade.refreshBKColorAdjust(QStringLiteral("#1fa24a"), 122, 639, 290, hue, 0.68, 0.38);
+    const QImage drawn = h->grab(h->item(row), QStringLiteral("chroma-wrap"));
+    const auto apart = [&](int x, int wanted) {
+        const int off = qAbs(QColor(drawn.pixel(238 + x, 57)).hslHue() - wanted) % 360;
+        return qMin(off, 360 - off);
+    };
+    QVERIFY2(apart(0, hue) <= 2, qPrintable(QString::number(apart(0, hue))));
+    QVERIFY2(apart(345, end) <= 2, qPrintable(QString::number(apart(345, end))));
+}
+
+void TestChromakey::contentScrolls()
+{
+    h->fill();
+    QCOMPARE(h->text("[scrollContent.x, scrollContent.y, scrollContent.width, scrollContent.height].join()"),
+             QStringLiteral("30,10,1140,610"));
+    QVERIFY(h->flag("scrollContent.clip"));
+    QCOMPARE(h->number("scrollContent.contentHeight"), 444 + 150 + 150 + 150 + 370 + 296);
+    QQuickItem *bar = h->item("scrollContent.ScrollBar.vertical");
+    QCOMPARE(bar->property("policy").toInt(), 2); // always on
+    QCOMPARE(bar->mapToItem(h->item("scrollContent"), QPointF()), QPointF(1110 + 14, 0));
+    QCOMPARE(bar->height(), 610.0);
+    // To the end of the bar, and the last row stands whole above the page's lower edge.
+    h->press(h->at(bar, 6, 20));
+    for (int y = 20; y <= 605; y += 45)
+        h->move(h->at(bar, 6, y));
+    h->release(h->at(bar, 6, 605));
+    QQuickItem *last = h->item("softEdge");
+    QTRY_COMPARE(last->mapToItem(h->item("scrollContent"), QPointF(0, last->height())).y(), 610.0);
 }
 
 QTEST_MAIN(TestChromakey)

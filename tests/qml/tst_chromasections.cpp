@@ -2,6 +2,8 @@
 
 #include "moc_recordedfacade.cpp"
 
+#include <numeric>
+
 // The chromakey page: switches, resets, spill defaults, folding, what the unit reports, languages.
 class TestChromaSections : public QObject
 {
@@ -33,6 +35,8 @@ private slots:
     void reportOfTheColour();
     void folding_data();
     void folding();
+    void hiddenRowsTakeTheirPlace_data();
+    void hiddenRowsTakeTheirPlace();
     void foldingTheMatteHidesTheWhiteLevel();
     void languageRenewsFacesAndTexts();
     void facesAfterALanguageSwitchStayWrongUntilTheNextReport();
@@ -425,7 +429,7 @@ void TestChromaSections::folding()
     QVERIFY(!h->flag(inside + ".enabled"));
     QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_hide_dashboard"));
     QVERIFY(h->number(height) > 74);
-    QTRY_COMPARE_WITH_TIMEOUT(h->number(height), 74, 3000);
+    QTRY_COMPARE_WITH_TIMEOUT(h->number(height), 74, 1000);
     QVERIFY(clock.elapsed() >= 180);
     QCOMPARE(h->number("scrollContent.contentHeight"), others + 74);
     h->click(h->seen(header + "foldButton"));
@@ -433,6 +437,48 @@ void TestChromaSections::folding()
     QTRY_COMPARE_WITH_TIMEOUT(h->number(height), unfolded, 1000);
     QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_show_dashboard"));
     QCOMPARE(h->facade.calls, QStringList());
+}
+
+void TestChromaSections::hiddenRowsTakeTheirPlace_data()
+{
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<QVector<int>>("atStart");
+    QTest::addColumn<QVector<int>>("unfolded");
+    // The sections bright and shadow unfold by the dark section's row.
+    QTest::newRow("dark density") << "darkDensity" << QVector<int>({444, 296, 150, 150, 370, 296})
+                                  << QVector<int>({444, 296, 296, 296, 420, 296});
+    QTest::newRow("bright density") << "brightDensity" << QVector<int>({444, 150, 296, 150, 370, 296})
+                                    << QVector<int>({444, 150, 150, 150, 420, 296});
+    QTest::newRow("spill enhance") << "spillEnhance" << QVector<int>({444, 150, 150, 150, 470, 296})
+                                   << QVector<int>({444, 150, 150, 150, 520, 296});
+    QTest::newRow("balances") << "darkBalance" << QVector<int>({444, 150, 150, 150, 370, 296})
+                              << QVector<int>({444, 150, 150, 150, 420, 296});
+}
+
+void TestChromaSections::hiddenRowsTakeTheirPlace()
+{
+    QFETCH(QString, row);
+    QFETCH(QVector<int>, atStart);
+    QFETCH(QVector<int>, unfolded);
+    const auto heights = [this] {
+        QVector<int> list;
+        for (int section = 1; section <= 6; ++section)
+            list << h->number(QStringLiteral("pageCK_ContentArea0%1.height").arg(section));
+        return list;
+    };
+    h->eval(row + ".visible = true");
+    QCOMPARE(heights(), atStart);
+    for (int section = 1; section <= 6; ++section) {
+        const QString height = QStringLiteral("pageCK_ContentArea0%1.height").arg(section);
+        const QString fold = QStringLiteral("pageCK_ContentHeader0%1.foldButton").arg(section);
+        h->click(h->seen(fold));
+        QTRY_COMPARE_WITH_TIMEOUT(h->number(height), 74, 1000);
+        h->click(h->seen(fold));
+        QTRY_COMPARE_WITH_TIMEOUT(h->number(height), unfolded.at(section - 1), 1000);
+    }
+    QCOMPARE(heights(), unfolded);
+    QCOMPARE(h->number("scrollContent.contentHeight"),
+             std::accumulate(unfolded.cbegin(), unfolded.cend(), 0));
 }
 
 void TestChromaSections::foldingTheMatteHidesTheWhiteLevel()

@@ -20,6 +20,7 @@ private slots:
     void typedLevelFollowsTheUnit();
     void spillDefaultTakesTheUnitsValues();
     void pickedColourBecomesTheKey();
+    void cancelAfterASampleLeavesTheKey();
     void dragOnThePadReachesTheUnit();
 
 private:
@@ -205,6 +206,29 @@ void TestChromaWire::pickedColourBecomesTheKey()
     QVERIFY(frames().constFirst().startsWith("dd 00 "));
     QCOMPARE(h->text("[txtBGR.text, txtBGG.text, txtBGB.text].join()"), QStringLiteral("200,640,310"));
     QCOMPARE(h->color("recColorAdjust.color"), QStringLiteral("#33A34F"));
+}
+
+void TestChromaWire::cancelAfterASampleLeavesTheKey()
+{
+    unit->withUnit([](standin::Unit &it) { it.setCursorColour(900, 40, 310); });
+    const QString key = h->text("[ckColorR, ckColorG, ckColorB, colorBKH].join()");
+    const QImage bar = h->grab(h->item("rowOpenAnglePlus"), QStringLiteral("chroma-bar-before"));
+    h->click("imgColorPen");
+    QTRY_VERIFY(h->flag("popupColorPicker.opened"));
+    unit->clearRecord();
+    QTest::mouseClick(h->window, Qt::LeftButton, {}, h->middle(h->item("colorPickerMouseArea")));
+    QCOMPARE(h->text("[colorPickerR, colorPickerG, colorPickerB].join()"), QStringLiteral("900,40,310"));
+    const QString place = h->text("[tempX, tempY].join()");
+    h->click("btnColorPickerCancel");
+    QTest::qWait(300);
+    // The cursor comes to its place and goes from there; no colour is set.
+    const QStringList sent = frames();
+    QCOMPARE(sent.size(), 2);
+    QVERIFY2(sent.at(0).startsWith("dd 03 "), qPrintable(sent.at(0)));
+    QCOMPARE(sent.at(1), QString(sent.at(0)).replace(3, 2, QStringLiteral("00")));
+    QCOMPARE(h->text("[tempX, tempY].join()"), place);
+    QCOMPARE(h->text("[ckColorR, ckColorG, ckColorB, colorBKH].join()"), key);
+    QVERIFY(h->grab(h->item("rowOpenAnglePlus"), QStringLiteral("chroma-bar-after")) == bar);
 }
 
 void TestChromaWire::dragOnThePadReachesTheUnit()

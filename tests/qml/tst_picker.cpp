@@ -12,6 +12,7 @@ private slots:
     void cleanup();
     void opening_data();
     void opening();
+    void fadesIn();
     void keepsItsPlaceBetweenOpenings();
     void standsWhereItIsDrawn();
     void clickOnThePad_data();
@@ -23,8 +24,10 @@ private slots:
     void releaseInsideIsAlsoAClick();
     void sampleIsShown();
     void stepsOnRelease();
+    void stepsStopAtTheEdges_data();
     void stepsStopAtTheEdges();
     void fieldsPlaceTheCursor();
+    void fieldsHoldTheRange_data();
     void fieldsHoldTheRange();
     void ok();
     void cancel_data();
@@ -92,7 +95,26 @@ void TestPicker::opening()
     QCOMPARE(h->text("[xMax, yMax].join()"), limits);
     QCOMPARE(h->number("colorTempH"), 140);
     QVERIFY(isOpen());
-    QTRY_COMPARE(h->number("popupColorPicker.contentItem.opacity"), 1);
+}
+
+void TestPicker::fadesIn()
+{
+    QVector<qreal> seen;
+    auto *popup = h->eval("popupColorPicker").value<QObject *>();
+    const auto look = [&] { seen << popup->property("opacity").toReal(); };
+    h->click("imgColorPen");
+    QElapsedTimer clock;
+    clock.start();
+    look();
+    while (!popup->property("opened").toBool() && clock.elapsed() < 5000) {
+        QTest::qWait(5);
+        look();
+    }
+    QVERIFY(seen.constFirst() < 0.5);
+    QVERIFY(std::is_sorted(seen.cbegin(), seen.cend()));
+    QVERIFY(std::any_of(seen.cbegin(), seen.cend(), [](qreal it) { return it > 0 && it < 1; }));
+    QCOMPARE(seen.constLast(), 1.0);
+    QVERIFY2(clock.elapsed() >= 200, qPrintable(QString::number(clock.elapsed())));
 }
 
 void TestPicker::keepsItsPlaceBetweenOpenings()
@@ -131,7 +153,8 @@ void TestPicker::standsWhereItIsDrawn()
         QCOMPARE(drawn.toRect().translated(-422, -123), place.second);
     }
     QCOMPARE(h->number("colorPickerMouseArea.cursorShape"), int(Qt::CrossCursor));
-    QCOMPARE(h->text("txtColorPickerTitle.text"), QStringLiteral("Pick Backing Color"));
+    QVERIFY(h->flag("Array.prototype.some.call(popupColorPicker.contentItem.children, function (item) {"
+                    " return item.text === 'Pick Backing Color' && item.y === 5 })"));
     h->grab(h->window->contentItem(), "picker");
 }
 
@@ -173,10 +196,14 @@ void TestPicker::dragSendsOneCommandPer200Ms()
     const QVector<qint64> times = h->facade.timesOf("setCursorData");
     QVERIFY2(times.size() >= 5 && times.size() <= 10, qPrintable(QString::number(times.size())));
     QVERIFY(times.constFirst() - start >= 170);
-    for (int i = 1; i < times.size(); ++i) {
-        const qint64 gap = times.at(i) - times.at(i - 1);
-        QVERIFY2(gap >= 100, qPrintable(QString::number(gap)));
-    }
+    QVector<qint64> gaps;
+    for (int i = 1; i < times.size(); ++i)
+        gaps << times.at(i) - times.at(i - 1);
+    std::sort(gaps.begin(), gaps.end());
+    QVERIFY2(gaps.constFirst() >= 100, qPrintable(QString::number(gaps.constFirst())));
+    // A busy machine stretches single gaps, and shortens the one that follows, but not most of them.
+    const qint64 usual = gaps.at(gaps.size() / 2);
+    QVERIFY2(usual >= 180 && usual <= 250, qPrintable(QString::number(usual)));
     for (const QString &call : h->facade.calls)
         QVERIFY(call.startsWith("setCursorData(3, "));
     h->release(pad(20, 20));
@@ -278,22 +305,42 @@ void TestPicker::stepsOnRelease()
     QCOMPARE(h->text("[tempX, tempY].join()"), QStringLiteral("959,540"));
 }
 
+void TestPicker::stepsStopAtTheEdges_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<int>("lastX");
+    QTest::addColumn<int>("lastY");
+    QTest::newRow("none") << 0 << 1919 << 1079;
+    QTest::newRow("720p50") << 3 << 1279 << 719;
+    QTest::newRow("1080p60") << 16 << 1919 << 1079;
+    QTest::newRow("2160p23") << 17 << 3839 << 2159;
+    QTest::newRow("2160p60") << 24 << 3839 << 2159;
+    QTest::newRow("2160wp60") << 32 << 3839 << 2159;
+}
+
 void TestPicker::stepsStopAtTheEdges()
 {
-    open(3);
+    QFETCH(int, code);
+    QFETCH(int, lastX);
+    QFETCH(int, lastY);
+    open(code);
     h->click("btnDecreaseX");
     h->click("btnDecreaseY");
     QCOMPARE(h->facade.calls, QStringList());
-    h->eval("colorPickerX = 1278");
-    h->eval("colorPickerY = 718");
+    // The pad's last pixels are 4 or 8 of a 4K picture wide: to the very edge go the steps.
+    h->eval(QStringLiteral("colorPickerX = %1").arg(lastX - 1));
+    h->eval(QStringLiteral("colorPickerY = %1").arg(lastY - 1));
     for (int i = 0; i < 3; ++i) {
         h->click("btnIncreaseX");
         h->click("btnIncreaseY");
     }
-    QCOMPARE(h->facade.calls, QStringList({"setCursorData(3, 1279, 718)", "setCursorData(3, 1279, 719)"}));
+    QCOMPARE(h->facade.calls,
+             QStringList({QStringLiteral("setCursorData(3, %1, %2)").arg(lastX).arg(lastY - 1),
+                          QStringLiteral("setCursorData(3, %1, %2)").arg(lastX).arg(lastY)}));
     for (int i = 0; i < 2; ++i)
         h->click("btnDecreaseX");
-    QCOMPARE(h->number("colorPickerX"), 1277);
+    QCOMPARE(h->number("colorPickerX"), lastX - 2);
+    QCOMPARE(h->number("tempX"), lastX - 2);
 }
 
 void TestPicker::fieldsPlaceTheCursor()
@@ -307,20 +354,33 @@ void TestPicker::fieldsPlaceTheCursor()
     QVERIFY(isOpen());
 }
 
+void TestPicker::fieldsHoldTheRange_data()
+{
+    stepsStopAtTheEdges_data();
+}
+
 void TestPicker::fieldsHoldTheRange()
 {
-    open();
-    h->typeInto(QStringLiteral("txtColorPickerX"), QStringLiteral("1919"));
-    h->typeInto(QStringLiteral("txtColorPickerY"), QStringLiteral("1079"));
-    QCOMPARE(h->facade.calls.last(), QStringLiteral("setCursorData(3, 1919, 1079)"));
+    QFETCH(int, code);
+    QFETCH(int, lastX);
+    QFETCH(int, lastY);
+    open(code);
+    h->typeInto(QStringLiteral("txtColorPickerX"), QString::number(lastX));
+    h->typeInto(QStringLiteral("txtColorPickerY"), QString::number(lastY));
+    const QString corner = QStringLiteral("setCursorData(3, %1, %2)");
+    QCOMPARE(h->facade.calls, QStringList({corner.arg(lastX).arg(0), corner.arg(lastX).arg(lastY)}));
     h->facade.forget();
-    h->typeInto(QStringLiteral("txtColorPickerX"), QStringLiteral("1920"));
+    h->typeInto(QStringLiteral("txtColorPickerX"), QString::number(lastX + 1));
+    h->typeInto(QStringLiteral("txtColorPickerY"), QString::number(lastY + 1));
     QCOMPARE(h->facade.calls, QStringList());
     // What passes the field in another way is held all the same.
-    h->eval("typePickerX(\"-5\")");
-    h->eval("typePickerY(\"5000\")");
-    QCOMPARE(h->facade.calls, QStringList({"setCursorData(3, 0, 1079)", "setCursorData(3, 0, 1079)"}));
-    QCOMPARE(h->text("[txtColorPickerX.text, txtColorPickerY.text].join()"), QStringLiteral("0,1079"));
+    h->eval("txtColorPickerX.text = '-5'");
+    h->eval("txtColorPickerX.accepted()");
+    h->eval("txtColorPickerY.text = '5000'");
+    h->eval("txtColorPickerY.accepted()");
+    QCOMPARE(h->facade.calls, QStringList({corner.arg(0).arg(lastY), corner.arg(0).arg(lastY)}));
+    QCOMPARE(h->text("[txtColorPickerX.text, txtColorPickerY.text].join()"),
+             QStringLiteral("0,%1").arg(lastY));
 }
 
 void TestPicker::ok()
@@ -362,8 +422,10 @@ void TestPicker::automatic()
     QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
     emit h->facade.refreshBKColorPicker("#c80a14", 785, 40, 80, 357, 0.9, 0.41);
     h->facade.forget();
+    h->noteEnabled("btnColorPickerAuto");
     h->click("btnColorPickerAuto");
-    QCOMPARE(h->facade.calls, QStringList({"setCursorData(0, 960, 540)", "setBKColor(785, 40, 80, 1)"}));
+    QCOMPARE(h->facade.calls,
+             QStringList({"dead", "setCursorData(0, 960, 540)", "setBKColor(785, 40, 80, 1)", "alive"}));
     QCOMPARE(h->number("colorBKH"), 140);
     QVERIFY(h->flag("btnColorPickerAuto.enabled"));
     QTRY_VERIFY(!isOpen());
@@ -433,7 +495,7 @@ void TestPicker::facesFollowTheLanguage()
     open();
     QCOMPARE(h->face("btnColorPickerAuto.source"), folder + "btn_n_auto_pick_color");
     QCOMPARE(h->face("btnColorPickerCancel.source"), folder + "btn_n_cancel_adjust_color");
-    QCOMPARE(h->face("popupColorPicker.background.source"), folder + "img_bg_pick_color_chromakey");
+    QCOMPARE(h->face("popupColorPicker.source"), folder + "img_bg_pick_color_chromakey");
     const QPoint place = h->middle(h->item("btnColorPickerOK"));
     h->press(place);
     QCOMPARE(h->face("btnColorPickerOK.source"), folder + "btn_p_ok_adjust_color");
