@@ -1,14 +1,13 @@
 # discover_qt_tests(target label): after each build of the target, asks it for its test functions and
-# registers each of them as a ctest entry of its own, run in a temporary folder of its own.
+# registers each of them as a ctest entry of its own.
 
 set(_discover_script ${CMAKE_CURRENT_LIST_DIR}/WriteQtTests.cmake)
-set(_in_temporary_folder ${CMAKE_CURRENT_LIST_DIR}/support/in-temporary-folder.sh)
 
 function(discover_qt_tests target label)
     set(list_file ${CMAKE_CURRENT_BINARY_DIR}/${target}_functions.cmake)
     add_custom_command(TARGET ${target} POST_BUILD
         COMMAND ${CMAKE_COMMAND} -DPROGRAM=$<TARGET_FILE:${target}> -DNAME=${target} -DLABEL=${label}
-            -DWRAPPER=${_in_temporary_folder} -DOUT=${list_file} -P ${_discover_script}
+            -DOUT=${list_file} -P ${_discover_script}
         BYPRODUCTS ${list_file} VERBATIM)
     set(include_file ${CMAKE_CURRENT_BINARY_DIR}/${target}_include.cmake)
     file(WRITE ${include_file}

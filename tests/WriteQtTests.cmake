@@ -16,7 +16,7 @@ set(body "")
 foreach(function IN LISTS functions)
     string(REPLACE "()" "" function ${function})
     string(APPEND body
-        "add_test([==[${short}.${function}]==] [==[${WRAPPER}]==] [==[${PROGRAM}]==] ${function})\n"
+        "add_test([==[${short}.${function}]==] [==[${PROGRAM}]==] ${function})\n"
         "set_tests_properties([==[${short}.${function}]==] PROPERTIES LABELS ${LABEL} TIMEOUT 240 PROCESSORS ${slots})\n")
 endforeach()
 file(WRITE ${OUT} "${body}")

@@ -49,29 +49,33 @@ public slots:
     }
     void deviceDisConnect(uint method) { note("deviceDisConnect", {method}); }
     void getHLNPDeviceInfo(uint index) { note("getHLNPDeviceInfo", {index}); }
-    void setVOut(uint res, uint colorFormat, uint std) { note("setVOut", {res, colorFormat, std}); }
+    void setVOut(uint resIndex, uint colorFormatIndex, uint std)
+    {
+        note("setVOut", {resIndex, colorFormatIndex, std});
+    }
     void saveSetup() { note("saveSetup", {}); }
     void loadMemory(uint index) { note("loadMemory", {index}); }
     void saveMemory(uint index) { note("saveMemory", {index}); }
     void setOutSelect(uint pgmSource, bool pgmLock, bool pgmMirror, uint pvwSource, bool pvwLock,
                       bool pvwMirror, uint pgmhdmiSource, bool pgmhdmiLock, bool pgmhdmiMirror,
-                      uint pvwhdmiSource, bool pvwhdmiLock, bool pvwhdmiMirror)
+                      uint pvwhdmiSource, bool pvwhdmLiock, bool pvwhdmiMirror)
     {
         note("setOutSelect",
              {pgmSource, pgmLock, pgmMirror, pvwSource, pvwLock, pvwMirror, pgmhdmiSource, pgmhdmiLock,
-              pgmhdmiMirror, pvwhdmiSource, pvwhdmiLock, pvwhdmiMirror});
+              pgmhdmiMirror, pvwhdmiSource, pvwhdmLiock, pvwhdmiMirror});
     }
-    QString hlnpSave(QString netcardIP, QString netcardText, int ipSelectIndex, QString macAdd, QString name,
-                     int mode, QString ipaddr, QString mask, QString gateway, QString priDns, QString secDns)
+    QString hlnpSave(QString currentNetcardIP, QString currentNetcardText, int ipSelectIndex, QString macAdd,
+                     QString name, int mode, QString ipaddr, QString mask, QString gateway, QString priDns,
+                     QString secDns)
     {
         note("hlnpSave",
-             {netcardIP, netcardText, ipSelectIndex, macAdd, name, mode, ipaddr, mask, gateway, priDns,
-              secDns});
+             {currentNetcardIP, currentNetcardText, ipSelectIndex, macAdd, name, mode, ipaddr, mask, gateway,
+              priDns, secDns});
         return saveResult;
     }
-    QString hlnpReboot(QString mac, QString netcard, QString address)
+    QString hlnpReboot(QString targetDeviceMAC, QString currentNetcardIP, QString targetDeviceIP)
     {
-        note("hlnpReboot", {mac, netcard, address});
+        note("hlnpReboot", {targetDeviceMAC, currentNetcardIP, targetDeviceIP});
         return QStringLiteral("OK");
     }
 

@@ -1,9 +1,6 @@
 #include "panelfacade.h"
 #include "panelharness.h"
 
-#include "moc_panelfacade.cpp"
-#include "tests/qml/moc_recordedfacade.cpp"
-
 // The output band, the language switch and the menu, worked by mouse over a recorded facade.
 class TestBand : public QObject
 {

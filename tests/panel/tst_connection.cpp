@@ -1,9 +1,6 @@
 #include "panelfacade.h"
 #include "panelharness.h"
 
-#include "moc_panelfacade.cpp"
-#include "tests/qml/moc_recordedfacade.cpp"
-
 // The connection panel, the mask and the notices, worked by mouse and keys over a recorded facade.
 class TestConnection : public QObject
 {

@@ -1,9 +1,6 @@
 #include "panelfacade.h"
 #include "panelharness.h"
 
-#include "moc_panelfacade.cpp"
-#include "tests/qml/moc_recordedfacade.cpp"
-
 // Each state of the window in each language: it draws, it warns of nothing, and its parts stand where the
 // pictures expect them. With PICTURES_TO set the pictures are kept for a look by eye.
 class TestLook : public QObject

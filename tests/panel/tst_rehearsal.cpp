@@ -4,8 +4,6 @@
 
 #include <QApplication>
 
-#include "tests/qml/moc_recordedfacade.cpp"
-
 // The real document over the real facade, against a stand-in unit on an Ethernet of the test's own.
 class TestRehearsal : public QObject
 {

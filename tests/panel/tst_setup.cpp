@@ -1,9 +1,6 @@
 #include "panelfacade.h"
 #include "panelharness.h"
 
-#include "moc_panelfacade.cpp"
-#include "tests/qml/moc_recordedfacade.cpp"
-
 // The setup panel and its notices, worked by mouse over a recorded facade.
 class TestSetup : public QObject
 {

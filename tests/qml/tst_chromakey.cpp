@@ -1,7 +1,5 @@
 #include "chromapanel.h"
 
-#include "moc_recordedfacade.cpp"
-
 // The chromakey page: its rows, and the commands that sliders, fields and buttons send.
 class TestChromakey : public QObject
 {

@@ -1,7 +1,5 @@
 #include "chromapanel.h"
 
-#include "moc_recordedfacade.cpp"
-
 #include <numeric>
 
 // The chromakey page: switches, resets, spill defaults, folding, what the unit reports, languages.

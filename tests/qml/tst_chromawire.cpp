@@ -3,8 +3,6 @@
 #include "control/maincontrol.h"
 #include "tests/support/unithost.h"
 
-#include "moc_recordedfacade.cpp"
-
 // The chromakey page with the real facade and a stand-in unit: from the mouse to the byte, and back.
 class TestChromaWire : public QObject
 {

@@ -1,7 +1,5 @@
 #include "pageharness.h"
 
-#include "moc_recordedfacade.cpp"
-
 // The three shared controls: a row of a page, the drop-down, the spinner.
 class TestControls : public QObject
 {

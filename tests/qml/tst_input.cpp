@@ -1,7 +1,5 @@
 #include "pageharness.h"
 
-#include "moc_recordedfacade.cpp"
-
 // The input and output page: table, source, freezes, genlock.
 class TestInput : public QObject
 {

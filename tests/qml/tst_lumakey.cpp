@@ -1,7 +1,5 @@
 #include "pageharness.h"
 
-#include "moc_recordedfacade.cpp"
-
 // The luma key page: polarity radios, layer switch, four sliders.
 class TestLumakey : public QObject
 {

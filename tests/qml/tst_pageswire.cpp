@@ -3,8 +3,6 @@
 #include "control/maincontrol.h"
 #include "tests/support/unithost.h"
 
-#include "moc_recordedfacade.cpp"
-
 // The pages with the real facade and a stand-in unit: one gesture per group, from the mouse to the byte.
 class TestPagesWire : public QObject
 {

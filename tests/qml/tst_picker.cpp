@@ -1,7 +1,5 @@
 #include "chromapanel.h"
 
-#include "moc_recordedfacade.cpp"
-
 // The colour picker: opening, pad, steps, fields, endings.
 class TestPicker : public QObject
 {

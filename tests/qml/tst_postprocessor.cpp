@@ -1,7 +1,5 @@
 #include "pageharness.h"
 
-#include "moc_recordedfacade.cpp"
-
 // The post-processor page: three sections of one build.
 class TestPostProcessor : public QObject
 {

@@ -1,7 +1,5 @@
 #include "pageharness.h"
 
-#include "moc_recordedfacade.cpp"
-
 // The garbage mask and the holdout window: two pages of one build, told apart by a table.
 class TestWindows : public QObject
 {

@@ -10,7 +10,9 @@
 #include <array>
 #include <atomic>
 #include <fcntl.h>
+#include <filesystem>
 #include <sched.h>
+#include <string>
 #include <unistd.h>
 
 namespace support {
@@ -54,10 +56,12 @@ void TestNetwork::obtainRights(char **argv)
     if (::geteuid() == 0 || qEnvironmentVariableIsSet("TEST_NETWORK_INSIDE"))
         return;
     qputenv("TEST_NETWORK_INSIDE", "1");
-    // A /run of its own, so that `ip netns` can keep its names there.
+    // A /run of its own, so that `ip netns` can keep its names there. The program by its own file: the name that it
+    // was started by may be relative to the folder in which that was.
+    static const std::string self = std::filesystem::read_symlink("/proc/self/exe");
     std::vector<const char *> command = {
-        "unshare", "-Urnm", "sh", "-c", "mount -t tmpfs tmpfs /run && exec \"$@\"", "sh"};
-    for (char **word = argv; *word; ++word)
+        "unshare", "-Urnm", "sh", "-c", "mount -t tmpfs tmpfs /run && exec \"$@\"", "sh", self.c_str()};
+    for (char **word = argv + 1; *word; ++word)
         command.push_back(*word);
     command.push_back(nullptr);
     ::execvp("unshare", const_cast<char *const *>(command.data()));

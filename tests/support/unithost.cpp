@@ -2,9 +2,9 @@
 
 #include "standin/networklink.h"
 #include "standin/seriallink.h"
+#include "tests/support/loopback.h"
 #include "tests/support/testnetwork.h"
 
-#include <QCoreApplication>
 #include <QHostAddress>
 #include <QThread>
 
@@ -14,15 +14,13 @@ namespace support {
 
 namespace {
 
-// Loopback addresses by process and instance; the process number is unique on the machine while it lives.
-QHostAddress loopbackAddress(int attempt)
+// An address that no other unit of this process has.
+QHostAddress nextAddress()
 {
-    static std::atomic<quint32> instance{0};
-    const auto pid = static_cast<quint32>(QCoreApplication::applicationPid());
-    const quint32 number = pid * 16U + instance++ + static_cast<quint32>(attempt) * 7919U;
-    const quint32 last = 1U + number % 253U;
-    const quint32 rest = 1U + (number / 253U) % 65000U;
-    return QHostAddress((127U << 24U) | (rest << 8U) | last);
+    constexpr int kFirst = 100;
+    constexpr int kAddresses = 150;
+    static std::atomic<int> instance{0};
+    return QHostAddress(ownLoopback(kFirst + instance++ % kAddresses));
 }
 
 } // namespace
@@ -67,7 +65,7 @@ struct UnitHost::Private
     void startDiscovery(const Options &options)
     {
         if (address.isNull())
-            address = loopbackAddress(0);
+            address = nextAddress();
         discovery = new standin::DiscoveryLink(*unit, inThread);
         if (!discovery->listen(address, options.broadcasts))
             qFatal("The stand-in unit can't be discovered at %s: %s", qPrintable(address.toString()),
@@ -84,7 +82,7 @@ struct UnitHost::Private
     {
         constexpr int kAttempts = 20;
         for (int attempt = 0; attempt < kAttempts; ++attempt) {
-            address = options.address.isEmpty() ? loopbackAddress(attempt) : QHostAddress(options.address);
+            address = options.address.isEmpty() ? nextAddress() : QHostAddress(options.address);
             if (network->listen(address))
                 return;
             if (!options.address.isEmpty())
@@ -143,6 +141,29 @@ QVector<int> UnitHost::codes() const
     QVector<int> list;
     for (const standin::FrameRecord &frame : record())
         list.append(frame.code);
+    return list;
+}
+
+QStringList UnitHost::frames(const QVector<int> &without) const
+{
+    QStringList list;
+    for (const standin::FrameRecord &frame : record()) {
+        if (frame.link == standin::LinkKind::Discovery || without.contains(frame.code))
+            continue;
+        const QByteArray bytes = static_cast<char>(frame.code) + frame.payload;
+        list += (frame.isExtended() ? QStringLiteral("reset ") : QString())
+            + QString::fromLatin1(bytes.toHex(' '));
+    }
+    return list;
+}
+
+QStringList UnitHost::requests() const
+{
+    QStringList list;
+    for (const standin::FrameRecord &frame : record()) {
+        if (frame.link == standin::LinkKind::Discovery)
+            list += frame.name();
+    }
     return list;
 }
 

@@ -4,6 +4,7 @@
 #include "standin/unit.h"
 
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 #include <functional>
@@ -37,6 +38,10 @@ public:
 
     QVector<standin::FrameRecord> record() const;
     QVector<int> codes() const; // the codes of the record, in order
+    // The frames of the record from the command byte on and without the checksum: "d1 03 04", "reset d1 00 00".
+    // Those with the codes `without` are left out, such as what the poll reads.
+    QStringList frames(const QVector<int> &without = {}) const;
+    QStringList requests() const; // the names of the datagrams of the record: "SET_GATEWAY"
     void clearRecord();
     int count(int code) const; // frames with this code since the last clearRecord()
 

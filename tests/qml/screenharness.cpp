@@ -1,0 +1,123 @@
+#include "tests/qml/screenharness.h"
+
+#include <QFont>
+#include <QLoggingCategory>
+
+ScreenHarness::ScreenHarness()
+{
+    // As the program's own main prepares the toolkit.
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.qml.connections=false"));
+    QFont::insertSubstitution(QStringLiteral("Noto Sans CJK TC Regular"), QStringLiteral("Noto Sans CJK TC"));
+}
+
+void ScreenHarness::publish(QQmlEngine &engine, QObject *facade)
+{
+    engine.rootContext()->setContextProperty(QStringLiteral("mainObject"), facade);
+    engine.rootContext()->setContextProperty(QStringLiteral("qmlTranslator"), &translator);
+}
+
+bool ScreenHarness::show()
+{
+    window->show();
+    return QTest::qWaitForWindowExposed(window);
+}
+
+QVariant ScreenHarness::eval(const QString &expression) const
+{
+    QQuickItem *inside = itemOfDocument();
+    QQmlExpression run(QQmlEngine::contextForObject(inside), inside, expression);
+    const QVariant value = run.evaluate();
+    if (run.hasError())
+        qFatal("%s", qPrintable(run.error().toString()));
+    return value;
+}
+
+QString ScreenHarness::color(const QString &expression) const
+{
+    return eval(expression).value<QColor>().name().toUpper();
+}
+
+QPoint ScreenHarness::at(QQuickItem *target, qreal x, qreal y) const
+{
+    return target->mapToScene(QPointF(x, y)).toPoint();
+}
+
+bool ScreenHarness::standsOpen(const QString &popup) const
+{
+    return QTest::qWaitFor([&] { return flag(popup + QStringLiteral(".opened")); });
+}
+
+bool ScreenHarness::standsClosed(const QString &popup) const
+{
+    return QTest::qWaitFor([&] { return !flag(popup + QStringLiteral(".visible")); });
+}
+
+void ScreenHarness::press(const QPoint &place)
+{
+    QTest::mouseMove(window, place);
+    QTest::mousePress(window, Qt::LeftButton, {}, place);
+}
+
+void ScreenHarness::move(const QPoint &place)
+{
+    // A plain mouseMove of the test library tells no button.
+    QMouseEvent event(QEvent::MouseMove, place, window->mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(window, &event);
+}
+
+void ScreenHarness::release(const QPoint &place)
+{
+    QTest::mouseRelease(window, Qt::LeftButton, {}, place);
+}
+
+void ScreenHarness::clickAt(const QPoint &place)
+{
+    press(place);
+    release(place);
+}
+
+void ScreenHarness::choose(const QString &combo, int row)
+{
+    const QString popup = combo + QStringLiteral(".popup");
+    click(combo);
+    if (!standsOpen(popup))
+        qFatal("%s does not open", qPrintable(combo));
+    QQuickItem *box = item(combo);
+    QQuickItem *list = item(popup + QStringLiteral(".contentItem"));
+    // The rows come with the first frame after the list opens.
+    QTest::qWait(100);
+    // What a turn of the wheel does.
+    eval(popup + QStringLiteral(".contentItem.positionViewAtIndex(%1, 4)").arg(row));
+    const qreal top = list->property("contentY").toReal();
+    clickAt(at(list, list->width() / 2, (row + 0.5) * box->height() - top));
+    if (!standsClosed(popup))
+        qFatal("%s does not close on row %d, is on %d", qPrintable(combo), row,
+               number(combo + QStringLiteral(".currentIndex")));
+}
+
+void ScreenHarness::typeInto(QQuickItem *field, const QString &typed, Qt::Key end)
+{
+    click(field);
+    QTest::keySequence(window, QKeySequence::SelectAll);
+    for (const QChar c : typed)
+        QTest::keyClick(window, c.toLatin1());
+    if (end != Qt::Key_unknown)
+        QTest::keyClick(window, end);
+}
+
+QString ScreenHarness::pictureName(QString source)
+{
+    return source.remove(QStringLiteral("qrc:/img/pc/")).remove(QStringLiteral(".png"));
+}
+
+QImage ScreenHarness::drawn(QQuickItem *target, const QString &name)
+{
+    const QSharedPointer<QQuickItemGrabResult> result = target->grabToImage();
+    QSignalSpy ready(result.data(), &QQuickItemGrabResult::ready);
+    if (!ready.wait(5000))
+        return {};
+    const QString folder = qEnvironmentVariable("PICTURES_TO");
+    if (!folder.isEmpty())
+        result->image().save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+    return result->image();
+}
