@@ -1,9 +1,6 @@
 #include "panelfacade.h"
 #include "panelharness.h"
 
-#include "moc_panelfacade.cpp"
-#include "tests/qml/moc_recordedfacade.cpp"
-
 #include <QColor>
 #include <QFile>
 #include <QMetaMethod>
