@@ -40,9 +40,6 @@ class Document
 public:
     explicit Document(const QString &name)
     {
-        Messages::logs().clear();
-        Messages::warnings().clear();
-        qInstallMessageHandler(&Messages::take);
         QLoggingCategory::setFilterRules(QStringLiteral("qt.qml.connections=false"));
         QQmlContext *context = m_engine.rootContext();
         context->setContextProperty(QStringLiteral("mainObject"), &m_facade);
@@ -56,12 +53,6 @@ public:
             qFatal("%s", qPrintable(component.errorString()));
         if (auto *item = qobject_cast<QQuickItem *>(m_root.get()))
             item->setParentItem(m_window.contentItem());
-    }
-
-    ~Document()
-    {
-        m_root.reset();
-        qInstallMessageHandler(nullptr);
     }
 
     QObject *root() const { return m_root.get(); }
@@ -104,6 +95,7 @@ private:
                                     m_ids->property("resolutions").value<QObject *>());
     }
 
+    Messages m_messages;
     PanelFacade m_facade;
     QQmlPropertyMap m_sources;
     QmlTranslator m_translator;
