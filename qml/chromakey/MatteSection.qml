@@ -6,7 +6,7 @@ import "Command.js" as Command
 //
 // Signals: pick(), a click on the pen.
 // Reads colorDialog, ckColorR, ckColorG, ckColorB, colorBKH, colorBKS and colorBKL of the page.
-KeySection {
+Section {
     id: matteSection
 
     property alias chromaItem01: chromaItem01
@@ -196,13 +196,13 @@ KeySection {
             onValueChanged: sendSoon(Command.angle)
         }
 
-        KeyRow {
+        SectionRow {
             id: blackLevel
             section: matteSection
             title: qsTranslate("PageChromakey", "Black Level:") + qmlTranslator.e_str
         }
 
-        KeyRow {
+        SectionRow {
             id: whiteLevel
             section: matteSection
             visible: !folded

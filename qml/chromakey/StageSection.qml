@@ -6,7 +6,7 @@ import "../blocks"
 //
 // Properties: level, density, balance (rows, whose words come from the page).
 // Functions:  report(enable, level, density, balance) shows what the unit reports.
-KeySection {
+Section {
     id: stage
 
     property alias level: level
@@ -23,18 +23,18 @@ KeySection {
     height: density.visible ? 296 : 150
     rows: [level, density, balance]
 
-    KeyRow {
+    SectionRow {
         id: level
         section: stage
     }
 
-    KeyRow {
+    SectionRow {
         id: density
         section: stage
         visible: false
     }
 
-    KeyRow {
+    SectionRow {
         id: balance
         section: stage
         visible: false

@@ -1,16 +1,17 @@
 import QtQuick 2.12
-import "../blocks"
-import "../blocks/Pictures.js" as Pictures
+import "Pictures.js" as Pictures
 
-// A section of the chromakey page: header, and below it the rows of one group, which travel together.
+// A section of a page: a header that folds it, switches it and resets it, and below it the rows of one group,
+// which travel together.
 //
 // Properties: command (the group's number), switchedOn, rows (greyed out by the switch), alive (whether the
-//             content answers), openHeight (after unfolding), title, hasSwitch.
+//             content answers), openHeight (after unfolding); title, hasSwitch, header, resetButton.
 // Functions:  show(on) takes and draws the switch's state, showReset(state) draws the reset.
 // Signals:    what the section answers with its group's calls: send(typedRow), with the row whose number was
 //             just typed or null, read(), reset(); shown(on); switched(), after the new state went out.
+// The page brings sourcePath.
 FoldingSection {
-    id: keySection
+    id: section
 
     property int command
     property bool switchedOn: true
@@ -44,29 +45,29 @@ FoldingSection {
 
     SectionHeader {
         id: sectionHeader
-        folded: keySection.folded
-        switchSource: sourcePath + Pictures.switchFace(switchedOn)
+        folded: section.folded
+        switchSource: sourcePath + Pictures.switchFace(section.switchedOn)
         resetSource: sourcePath + "btn_n_reset_dashboard.png"
         onFoldClicked: {
-            keySection.foldTo(keySection.folded ? openHeight : height)
-            keySection.folded = !keySection.folded
+            section.foldTo(section.folded ? section.openHeight : height)
+            section.folded = !section.folded
         }
         onSwitchClicked: {
-            keySection.show(!switchedOn)
-            keySection.send(null)
-            keySection.switched()
+            section.show(!section.switchedOn)
+            section.send(null)
+            section.switched()
         }
-        onResetPressedDown: showReset("p")
+        onResetPressedDown: section.showReset("p")
         onResetReleased: {
-            showReset("n")
-            keySection.reset()
+            section.showReset("n")
+            section.reset()
         }
     }
 
     Item {
         y: sectionHeader.height
         width: parent.width
-        enabled: alive
+        enabled: section.alive
 
         Column { id: column }
     }
