@@ -3,7 +3,7 @@ import "../blocks"
 import "Command.js" as Command
 
 // Edge fix: how far the key's edges draw in on both sides, and how soft they are.
-Section {
+KeySection {
     id: edgeSection
 
     property alias shrinkLeft: shrinkLeft
@@ -38,7 +38,7 @@ Section {
         }
     }
 
-    SectionRow {
+    KeyRow {
         id: shrinkLeft
         section: edgeSection
         textValueMaxlength: 2
@@ -51,7 +51,7 @@ Section {
         }
     }
 
-    SectionRow {
+    KeyRow {
         id: shrinkRight
         section: edgeSection
         textValueMaxlength: 2
@@ -59,7 +59,7 @@ Section {
         sliderMax: 50
     }
 
-    SectionRow {
+    KeyRow {
         id: softEdge
         section: edgeSection
         title: qsTranslate("PageChromakey", "Soft Edge") + qmlTranslator.e_str

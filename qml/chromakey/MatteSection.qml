@@ -6,7 +6,7 @@ import "Command.js" as Command
 //
 // Signals: pick(), a click on the pen.
 // Reads colorDialog, ckColorR, ckColorG, ckColorB, colorBKH, colorBKS and colorBKL of the page.
-Section {
+KeySection {
     id: matteSection
 
     property alias chromaItem01: chromaItem01
@@ -196,13 +196,13 @@ Section {
             onValueChanged: sendSoon(Command.angle)
         }
 
-        SectionRow {
+        KeyRow {
             id: blackLevel
             section: matteSection
             title: qsTranslate("PageChromakey", "Black Level:") + qmlTranslator.e_str
         }
 
-        SectionRow {
+        KeyRow {
             id: whiteLevel
             section: matteSection
             visible: !folded

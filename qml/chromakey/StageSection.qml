@@ -6,7 +6,7 @@ import "../blocks"
 //
 // Properties: level, density, balance (rows, whose words come from the page).
 // Functions:  report(enable, level, density, balance) shows what the unit reports.
-Section {
+KeySection {
     id: stage
 
     property alias level: level
@@ -23,18 +23,18 @@ Section {
     height: density.visible ? 296 : 150
     rows: [level, density, balance]
 
-    SectionRow {
+    KeyRow {
         id: level
         section: stage
     }
 
-    SectionRow {
+    KeyRow {
         id: density
         section: stage
         visible: false
     }
 
-    SectionRow {
+    KeyRow {
         id: balance
         section: stage
         visible: false

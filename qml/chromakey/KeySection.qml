@@ -1,17 +1,16 @@
 import QtQuick 2.12
-import "Pictures.js" as Pictures
+import "../blocks"
+import "../blocks/Pictures.js" as Pictures
 
-// A section of a page: a header that folds it, switches it and resets it, and below it the rows of one group,
-// which travel together.
+// A section of the chromakey page: header, and below it the rows of one group, which travel together.
 //
 // Properties: command (the group's number), switchedOn, rows (greyed out by the switch), alive (whether the
-//             content answers), openHeight (after unfolding); title, hasSwitch, header, resetButton.
+//             content answers), openHeight (after unfolding), title, hasSwitch.
 // Functions:  show(on) takes and draws the switch's state, showReset(state) draws the reset.
 // Signals:    what the section answers with its group's calls: send(typedRow), with the row whose number was
 //             just typed or null, read(), reset(); shown(on); switched(), after the new state went out.
-// The page brings sourcePath.
 FoldingSection {
-    id: section
+    id: keySection
 
     property int command
     property bool switchedOn: true
@@ -45,29 +44,29 @@ FoldingSection {
 
     SectionHeader {
         id: sectionHeader
-        folded: section.folded
-        switchSource: sourcePath + Pictures.switchFace(section.switchedOn)
+        folded: keySection.folded
+        switchSource: sourcePath + Pictures.switchFace(switchedOn)
         resetSource: sourcePath + "btn_n_reset_dashboard.png"
         onFoldClicked: {
-            section.foldTo(section.folded ? section.openHeight : height)
-            section.folded = !section.folded
+            keySection.foldTo(keySection.folded ? openHeight : height)
+            keySection.folded = !keySection.folded
         }
         onSwitchClicked: {
-            section.show(!section.switchedOn)
-            section.send(null)
-            section.switched()
+            keySection.show(!switchedOn)
+            keySection.send(null)
+            keySection.switched()
         }
-        onResetPressedDown: section.showReset("p")
+        onResetPressedDown: showReset("p")
         onResetReleased: {
-            section.showReset("n")
-            section.reset()
+            showReset("n")
+            keySection.reset()
         }
     }
 
     Item {
         y: sectionHeader.height
         width: parent.width
-        enabled: section.alive
+        enabled: alive
 
         Column { id: column }
     }
