@@ -1,6 +1,6 @@
 #pragma once
 
-#include "device/qkv720.h"
+#include "tests/device/unitfields.h"
 
 #include <QByteArray>
 #include <QVector>
@@ -10,28 +10,6 @@
 // Every function of the unit as the tests see it, written from the wire and not from the device class: where each
 // field lies in the reply body and how its bytes are read, which frame each set and reset sends, and
 // what a set leaves in the fields.
-
-enum class Kind {
-    Word, // two bytes, low byte first, no sign
-    Signed16, // two bytes with a sign
-    SignedByte, // one byte widened with its sign into a signed field
-    WideByte, // one byte widened with its sign into an unsigned 32-bit field
-    IsOne, // flag: equal to 1
-    IsSet, // flag: not 0
-    IsPositive, // flag: greater than 0 as a signed byte
-    Bit0,
-    Bit1,
-    Bit2,
-    Bit3,
-};
-
-struct FieldRow
-{
-    const char *name;
-    int position; // in the reply body
-    Kind kind;
-    std::function<qint64(const qkv720 &)> read;
-};
 
 struct SetRow
 {
@@ -57,50 +35,14 @@ struct FunctionRow
     QVector<FieldRow> fields;
     QVector<SetRow> sets;
     QVector<ResetRow> resets;
+    QVector<int> readsToo{}; // other codes that the same get asks for
 };
 
-inline int wireByte(const QByteArray &body, int position)
-{
-    return position < body.size() ? static_cast<uchar>(body.at(position)) : 0;
-}
-
-// What a field must hold after `body` was read; a position past the end counts as 0.
-inline qint64 expectedField(const FieldRow &field, const QByteArray &body)
-{
-    const int low = wireByte(body, field.position);
-    const int word = low + 256 * wireByte(body, field.position + 1);
-    const int asSigned = low < 128 ? low : low - 256;
-    switch (field.kind) {
-    case Kind::Word:
-        return word;
-    case Kind::Signed16:
-        return word < 32768 ? word : word - 65536;
-    case Kind::SignedByte:
-        return asSigned;
-    case Kind::WideByte:
-        return low < 128 ? low : 0xFFFFFF00LL + low;
-    case Kind::IsOne:
-        return low == 1;
-    case Kind::IsSet:
-        return low != 0;
-    case Kind::IsPositive:
-        return low > 0 && low < 128;
-    case Kind::Bit0:
-        return low & 1;
-    case Kind::Bit1:
-        return (low >> 1) & 1;
-    case Kind::Bit2:
-        return (low >> 2) & 1;
-    case Kind::Bit3:
-        return (low >> 3) & 1;
-    }
-    return -1;
-}
-
+// The member is named in full, so that a field that is gone doesn't compile.
 #define FIELD(position, kind, member)                                                                        \
     FieldRow                                                                                                 \
     {                                                                                                        \
-#member, position, Kind::kind, [](const qkv720 &d) { return static_cast<qint64>(d.member); }         \
+        sizeof(std::declval<qkv720>().member) > 0 ? #member : nullptr, position, Kind::kind                  \
     }
 #define CALL(...) [](qkv720 &d, uint method) { (void)d.__VA_ARGS__; }
 
@@ -381,7 +323,8 @@ inline QVector<FunctionRow> routingFunctions()
                                    outputOf(6, true, false), outputOf(1, false, true))),
            "09 00 E3 04 05 06 01 05 0A 0B",
            {4, 5, 6, 1, 1, 0, 1, 0, 0, 1, 0, 1}}},
-         {}},
+         {},
+         {0x60, 0x61, 0x62}},
         {"input selection",
          0x61,
          9,
@@ -398,7 +341,8 @@ inline QVector<FunctionRow> routingFunctions()
            CALL(setVideoInputSource(method, 0, 1, 2, 5, -1, 1, 1, -2, -32768)),
            "0C 00 E1 00 01 02 07 01 FE FF 00 80 75",
            {0, 1, 2, 5, -1, 1, 1, -2, -32768}}},
-         {{"genlock", CALL(resetVideoInputGenlock(method)), "03 80 E1 64"}}},
+         {{"genlock", CALL(resetVideoInputGenlock(method)), "03 80 E1 64"}},
+         {0x63, 0x60, 0x62}},
         {"input standards",
          0x62,
          5,
@@ -424,4 +368,12 @@ inline QVector<FunctionRow> routingFunctions()
 inline QVector<FunctionRow> allFunctions()
 {
     return shapingFunctions() + postFunctions() + routingFunctions();
+}
+
+// What the state is after a set of this row.
+inline Snapshot afterSet(Snapshot before, const FunctionRow &function, const SetRow &set)
+{
+    for (int i = 0; i < function.fields.size(); ++i)
+        before.insert(QString::fromLatin1(function.fields.at(i).name), QString::number(set.state.at(i)));
+    return before;
 }
