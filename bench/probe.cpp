@@ -24,8 +24,6 @@
 #include <QTimer>
 #include <QtMath>
 
-#include <qpa/qwindowsysteminterface.h>
-
 namespace {
 
 constexpr int kMouseIntervalMs = 8; // 125 moves a second, a common mouse
@@ -139,9 +137,10 @@ private:
 
     void send(QEvent::Type type, const QPointF &place, Qt::MouseButtons buttons)
     {
-        QWindowSystemInterface::handleMouseEvent(window, place, window->mapToGlobal(place.toPoint()), buttons,
-                                                 type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                                                 type);
+        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        QCoreApplication::postEvent(window,
+                                    new QMouseEvent(type, place, place, window->mapToGlobal(place.toPoint()),
+                                                    button, buttons, Qt::NoModifier));
     }
 
     void drag(const QString &name, int ms)
