@@ -1,14 +1,55 @@
 #include "standin/appliance.h"
 
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QProcess>
 #include <QSaveFile>
+
+#include <sys/stat.h>
 
 namespace standin {
 
 namespace {
 
 constexpr int kSaveAfterMs = 200; // a dragged slider changes the state many times a second
+constexpr qint64 kLargestState = 1024 * 1024;
+
+// A named pipe would hold the program up for as long as nobody is at its other end.
+bool canBeLog(const QString &file)
+{
+    struct stat about
+    {
+    };
+    return ::stat(QFile::encodeName(file).constData(), &about) != 0 || S_ISREG(about.st_mode)
+        || S_ISCHR(about.st_mode);
+}
+
+// Reads a state file; whatever else a file of this name may hold is left alone, and refused with its reason.
+bool readState(const QString &file, QJsonObject *state, QString *error)
+{
+    const QFileInfo about(file);
+    if (!about.exists())
+        return true;
+    QFile source(file);
+    QJsonParseError parse{};
+    if (!about.isFile()) {
+        *error = QStringLiteral("%1 can't be the state: it is no ordinary file").arg(file);
+    } else if (about.size() > kLargestState) {
+        *error = QStringLiteral("%1 is no state of a unit: it is larger than 1 MiB").arg(file);
+    } else if (!source.open(QIODevice::ReadOnly)) {
+        *error = QStringLiteral("%1 can't be read: %2").arg(file, source.errorString());
+    } else {
+        const QJsonDocument document = QJsonDocument::fromJson(source.readAll(), &parse);
+        *state = document.object();
+        if (parse.error != QJsonParseError::NoError)
+            *error = QStringLiteral("%1 is no state of a unit: %2 at byte %3")
+                         .arg(file, parse.errorString())
+                         .arg(parse.offset);
+        else if (!state->contains(QStringLiteral("present")))
+            *error = QStringLiteral("%1 is no state of a unit: it holds no \"present\"").arg(file);
+    }
+    return error->isEmpty();
+}
 
 } // namespace
 
@@ -17,7 +58,7 @@ Appliance::Appliance(QObject *parent)
 {
     saveSoon.setSingleShot(true);
     saveSoon.setInterval(kSaveAfterMs);
-    connect(&saveSoon, &QTimer::timeout, this, &Appliance::saveState);
+    connect(&saveSoon, &QTimer::timeout, this, &Appliance::saveNow);
     connect(&discovery, &DiscoveryLink::settingsChanged, this, [this] { saveSoon.start(); });
     connect(&discovery, &DiscoveryLink::restartRequested, this, &Appliance::restart);
     connect(&network, &NetworkLink::clientConnected, this,
@@ -30,66 +71,69 @@ Appliance::Appliance(QObject *parent)
 
 Appliance::~Appliance()
 {
-    saveState();
+    saveNow();
     unit.onFrame = nullptr;
     unit.onStateChanged = nullptr;
 }
 
 bool Appliance::loadState(const QString &file, QString *error)
 {
-    options.stateFile = file;
-    QFile state(file);
-    if (!state.exists())
-        return true; // the first run writes it
-    if (!state.open(QIODevice::ReadOnly)) {
-        *error = QStringLiteral("%1: %2").arg(file, state.errorString());
+    QJsonObject state;
+    if (!readState(file, &state, error))
         return false;
-    }
-    QJsonParseError parse;
-    const QJsonDocument document = QJsonDocument::fromJson(state.readAll(), &parse);
-    if (!document.isObject()) {
-        *error = QStringLiteral("%1: %2").arg(file, parse.errorString());
-        return false;
-    }
-    unit.fromJson(document.object());
-    discovery.settings.fromJson(document.object().value(QStringLiteral("network")).toObject());
-    return true;
+    const QJsonValue settings = state.value(QStringLiteral("network"));
+    QString wrong = unit.fromJson(state);
+    if (wrong.isEmpty() && !settings.isUndefined() && !settings.isObject())
+        wrong = QStringLiteral("network is no object");
+    if (wrong.isEmpty())
+        wrong = discovery.settings.fromJson(settings.toObject());
+    if (!wrong.isEmpty())
+        *error = QStringLiteral("%1 is no state of a unit: %2").arg(file, wrong);
+    return wrong.isEmpty();
 }
 
-bool Appliance::start(const Options &wanted, QString *error)
+bool Appliance::start(const Setup &wanted, QString *error)
 {
-    const QString stateFile = options.stateFile;
-    options = wanted;
-    if (options.stateFile.isEmpty())
-        options.stateFile = stateFile;
-    if (!options.logFile.isEmpty()) {
-        log.setFileName(options.logFile);
-        if (!log.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text)) {
-            *error = QStringLiteral("%1: %2").arg(options.logFile, log.errorString());
-            return false;
-        }
-    }
-    if (!options.serial.isEmpty()) {
-        const bool open =
-            options.serial == QLatin1String("pty") ? serial.openPty() : serial.openDevice(options.serial);
-        if (!open) {
-            *error = serial.errorString();
-            return false;
-        }
-    }
-    return openLinks(error);
+    setup = wanted;
+    unit.pace = wanted.pace;
+    // A state that can't be kept shows at once, not at the end of a rehearsal.
+    isRunning = openLog(error) && openSerial(error) && openLinks(error) && saveState(error);
+    return isRunning;
+}
+
+bool Appliance::openLog(QString *error)
+{
+    if (setup.logFile.isEmpty())
+        return true;
+    log.setFileName(setup.logFile);
+    if (!canBeLog(setup.logFile))
+        *error = QStringLiteral("%1 can't be the log: it is no ordinary file").arg(setup.logFile);
+    else if (!log.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text))
+        *error = QStringLiteral("%1 can't be written: %2").arg(setup.logFile, log.errorString());
+    return error->isEmpty();
+}
+
+bool Appliance::openSerial(QString *error)
+{
+    if (setup.serial.isEmpty())
+        return true;
+    const bool open =
+        setup.serial == QLatin1String("pty") ? serial.openPty() : serial.openDevice(setup.serial);
+    if (!open || (!setup.serialLink.isEmpty() && !serial.publish(setup.serialLink)))
+        *error = serial.errorString();
+    return error->isEmpty();
 }
 
 bool Appliance::openLinks(QString *error)
 {
     const QHostAddress address = discovery.settings.address;
-    if (options.network && !network.listen(address)) {
+    if (setup.network && !network.listen(address)) {
         *error = QStringLiteral("TCP %1:%2: %3")
                      .arg(address.toString(), QString::number(UnitPort), network.errorString());
         return false;
     }
     // On the loopback there are no broadcasts to hear, and port 5002 of all addresses belongs to nobody there.
-    if (options.discovery && !discovery.listen(address, !address.isLoopback())) {
+    if (setup.discovery && !discovery.listen(address, !address.isLoopback())) {
         *error = QStringLiteral("UDP %1:%2: %3")
                      .arg(address.toString(), QString::number(UnitPort), discovery.errorString());
         return false;
@@ -103,42 +147,70 @@ void Appliance::restart()
     discovery.setAway(true);
     network.stopListening();
     network.drop();
-    QTimer::singleShot(options.restartMs, this, &Appliance::comeBack);
+    QTimer::singleShot(setup.restartMs, this, &Appliance::comeBack);
+}
+
+void Appliance::readdress(const QHostAddress &next)
+{
+    const QString adapter = setup.adapter;
+    const QString withPrefix = QStringLiteral("%1/%2").arg(next.toString()).arg(setup.prefixLength);
+    const QVector<QString> commands = {
+        QStringLiteral("address flush dev %1").arg(adapter),
+        QStringLiteral("address add %1 broadcast + dev %2").arg(withPrefix, adapter),
+        QStringLiteral("route replace default dev %1").arg(adapter),
+    };
+    for (const QString &command : commands) {
+        if (QProcess::execute(QStringLiteral("ip"), command.split(QLatin1Char(' '))) != 0)
+            emit complained(QStringLiteral("\"ip %1\" failed").arg(command));
+    }
 }
 
 void Appliance::comeBack()
 {
     const QHostAddress next = discovery.settings.nextAddress;
-    if (!next.isNull() && !options.adapter.isEmpty()) {
-        const QString withPrefix = QStringLiteral("%1/%2").arg(next.toString()).arg(options.prefixLength);
-        const QString adapter = options.adapter;
-        QProcess::execute(QStringLiteral("ip"),
-                          {QStringLiteral("addr"), QStringLiteral("flush"), QStringLiteral("dev"), adapter});
-        QProcess::execute(QStringLiteral("ip"),
-                          {QStringLiteral("addr"), QStringLiteral("add"), withPrefix, QStringLiteral("brd"),
-                           QStringLiteral("+"), QStringLiteral("dev"), adapter});
-        QProcess::execute(QStringLiteral("ip"),
-                          {QStringLiteral("route"), QStringLiteral("replace"), QStringLiteral("default"),
-                           QStringLiteral("dev"), adapter});
+    if (!next.isNull() && !setup.adapter.isEmpty()) {
+        readdress(next);
         discovery.applyNextAddress();
     }
     discovery.setAway(false);
     QString error;
-    emit told(openLinks(&error) ? whereabouts() : error);
+    if (openLinks(&error))
+        emit told(whereabouts());
+    else
+        emit complained(QStringLiteral("the unit does not come back: ") + error);
 }
 
-bool Appliance::saveState()
+bool Appliance::saveState(QString *error)
 {
     saveSoon.stop();
-    if (options.stateFile.isEmpty())
+    if (setup.stateFile.isEmpty())
         return true;
     QJsonObject json = unit.toJson();
     json.insert(QStringLiteral("network"), discovery.settings.toJson());
-    QSaveFile file(options.stateFile);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    file.write(QJsonDocument(json).toJson());
-    return file.commit();
+    QSaveFile file(setup.stateFile);
+    const bool saved =
+        file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(json).toJson()) > 0 && file.commit();
+    if (!saved)
+        *error = QStringLiteral("%1 can't be written: %2").arg(setup.stateFile, file.errorString());
+    return saved;
+}
+
+bool Appliance::finish(QString *error)
+{
+    const bool saved = !isRunning || saveState(error);
+    isRunning = false;
+    return saved;
+}
+
+void Appliance::saveNow()
+{
+    if (!isRunning)
+        return;
+    QString error;
+    const bool failed = !saveState(&error);
+    if (failed && !saveFailed)
+        emit complained(error);
+    saveFailed = failed;
 }
 
 QString Appliance::whereabouts() const
@@ -147,7 +219,7 @@ QString Appliance::whereabouts() const
     const QString address = discovery.settings.address.toString();
     if (network.isListening())
         places.append(QStringLiteral("TCP %1:%2").arg(address).arg(UnitPort));
-    if (options.discovery)
+    if (setup.discovery)
         places.append(QStringLiteral("UDP %1:%2").arg(address).arg(UnitPort));
     if (serial.isOpen())
         places.append(QStringLiteral("serial ") + serial.portName());
@@ -159,8 +231,13 @@ void Appliance::logFrame(const FrameRecord &frame)
     emit told(QStringLiteral("%1 %2").arg(linkName(frame.link), frame.describe()));
     if (!log.isOpen())
         return;
-    log.write(QJsonDocument(frame.toJson()).toJson(QJsonDocument::Compact) + '\n');
-    log.flush();
+    QJsonObject json = frame.toJson();
+    json.insert(QStringLiteral("unit"), discovery.settings.address.toString());
+    log.write(QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n');
+    if (log.flush())
+        return;
+    emit complained(QStringLiteral("%1 can't be written: %2").arg(setup.logFile, log.errorString()));
+    log.close(); // told once; the frames still show in the record
 }
 
 } // namespace standin

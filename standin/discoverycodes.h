@@ -56,4 +56,9 @@ inline QString discoveryName(int command)
     }
 }
 
+inline bool isDiscoveryCommand(int command)
+{
+    return !discoveryName(command).startsWith(QLatin1String("datagram"));
+}
+
 } // namespace standin

@@ -9,16 +9,15 @@
 
 #include "standin/discoverycodes.h"
 
-#include <QJsonObject>
-#include <QTimer>
+#include <utility>
 
 namespace standin {
 
 namespace {
 
 constexpr int kHeaderBytes = 4;
-constexpr int kMacBytes = 6;
-constexpr int kNameBytes = 16;
+constexpr int kMacBytes = NetworkSettings::MacBytes;
+constexpr int kNameBytes = NetworkSettings::NameBytes;
 constexpr char kAck = 0x06;
 constexpr char kNack = 0x15;
 
@@ -37,9 +36,26 @@ int keywordOffset(int command)
     }
 }
 
-bool isKnown(int command)
+// How many bytes of values follow the keyword.
+int valueBytes(int command)
 {
-    return !discoveryName(command).startsWith(QLatin1String("datagram"));
+    switch (command) {
+    case SetDhcpMode:
+        return 1;
+    case SetIpAdr:
+        return 8;
+    case SetDhcpName:
+        return kNameBytes;
+    case SetMacAdr:
+        return kMacBytes;
+    case SetNetmask:
+    case SetGateway:
+    case SetPriDns:
+    case SetSecDns:
+        return 4;
+    default:
+        return 0;
+    }
 }
 
 QByteArray bytesOf(const QHostAddress &address)
@@ -71,49 +87,6 @@ QByteArray withHeader(quint8 type, int command, const QByteArray &rest)
 }
 
 } // namespace
-
-QByteArray NetworkSettings::macFromText(const QString &text)
-{
-    const QByteArray mac = QByteArray::fromHex(QString(text).remove(QLatin1Char(':')).toLatin1());
-    return mac.size() == kMacBytes ? mac : QByteArray();
-}
-
-QJsonObject NetworkSettings::toJson() const
-{
-    return {
-        {QStringLiteral("dhcp"), dhcp},
-        {QStringLiteral("name"), name},
-        {QStringLiteral("mac"), QString::fromLatin1(mac.toHex(':').toUpper())},
-        {QStringLiteral("address"), address.toString()},
-        {QStringLiteral("nextAddress"), nextAddress.toString()},
-        {QStringLiteral("mask"), mask.toString()},
-        {QStringLiteral("gateway"), gateway.toString()},
-        {QStringLiteral("primaryDns"), primaryDns.toString()},
-        {QStringLiteral("secondaryDns"), secondaryDns.toString()},
-    };
-}
-
-void NetworkSettings::fromJson(const QJsonObject &json)
-{
-    const auto text = [&json](const char *key) { return json.value(QLatin1String(key)).toString(); };
-    const auto take = [&text](const char *key, QHostAddress &to) {
-        const QHostAddress read(text(key));
-        if (!read.isNull())
-            to = read;
-    };
-    dhcp = json.value(QStringLiteral("dhcp")).toBool(dhcp);
-    if (json.contains(QStringLiteral("name")))
-        name = text("name");
-    const QByteArray readMac = macFromText(text("mac"));
-    if (!readMac.isEmpty())
-        mac = readMac;
-    take("address", address);
-    take("nextAddress", nextAddress);
-    take("mask", mask);
-    take("gateway", gateway);
-    take("primaryDns", primaryDns);
-    take("secondaryDns", secondaryDns);
-}
 
 DiscoveryLink::DiscoveryLink(Unit &served, QObject *parent)
     : QObject(parent)
@@ -174,8 +147,17 @@ void DiscoveryLink::take(QUdpSocket *socket)
 
 void DiscoveryLink::handle(const QByteArray &datagram, const QHostAddress &sender, quint16 port)
 {
+    deliver(answer(datagram), this,
+            [this, sender, port](const QByteArray &bytes) { reply(bytes, sender, port); });
+    if (std::exchange(restartAsked, false))
+        emit restartRequested();
+}
+
+Response DiscoveryLink::answer(const QByteArray &datagram)
+{
     if (datagram.size() < kHeaderBytes)
-        return;
+        return {};
+    const auto type = static_cast<quint8>(datagram.at(2));
     const int command = static_cast<quint8>(datagram.at(3));
     const int length = static_cast<quint8>(datagram.at(0)) * 256 + static_cast<quint8>(datagram.at(1));
     FrameRecord entry;
@@ -183,52 +165,34 @@ void DiscoveryLink::handle(const QByteArray &datagram, const QHostAddress &sende
     entry.ns = monotonicNs();
     entry.raw = datagram;
     entry.code = discoveryCode(command);
-    entry.ext = static_cast<quint8>(datagram.at(2)) & 0x7F; // the type's top bit is no reset
+    entry.ext = type & 0x7F; // the type's top bit is no reset
     entry.payload = datagram.mid(kHeaderBytes);
     // A host name in letters beyond ASCII makes its datagram longer than its length field says.
-    entry.wellFormed = datagram.size() == length || (command == SetDhcpName && datagram.size() > length);
+    const bool longName = command == SetDhcpName && datagram.size() > length;
+    entry.wellFormed = datagram.size() == length || longName;
     entry.checksumGood = true;
     if (!entry.wellFormed || !isForUs(command, datagram)) {
         unit.addRecord(entry);
-        return;
+        return {};
     }
+    const int valuesAt = keywordOffset(command) + discoveryName(command).size();
+    if (!longName)
+        entry.oddLength = oddLength({valuesAt - kHeaderBytes + valueBytes(command)}, entry.payload.size());
 
-    const auto type = static_cast<quint8>(datagram.at(2));
-    Fault fault;
-    const bool faulty = unit.takeFault(entry.code, fault);
-    const auto is = [faulty, &fault](Fault::Kind kind) { return faulty && fault.kind == kind; };
-    QByteArray bytes = is(Fault::Kind::Refuse) ? withHeader(type, command, QByteArray(1, kNack))
-                                               : execute(command, datagram);
-    if (is(Fault::Kind::Answer))
-        bytes = fault.body;
-    if (is(Fault::Kind::WrongChecksum) && bytes.size() > 1)
-        bytes[1] = static_cast<char>(bytes.at(1) ^ 0x55); // a datagram has no sum: its length lies instead
-    if (is(Fault::Kind::Silent) || is(Fault::Kind::CloseLink))
-        bytes.clear();
-    if (is(Fault::Kind::Short))
-        bytes.truncate(fault.bytes);
-    entry.reply = bytes;
+    Speech speech;
+    speech.refusal = [type, command](int) { return withHeader(type, command, QByteArray(1, kNack)); };
+    speech.ownAnswer = [](const QByteArray &body) { return body; };
+    speech.sumAt = [](const QByteArray &) { return 1; }; // a datagram has no sum: its length lies instead
+    speech.carryOut = [&] { return execute(command, datagram); };
+    const Response response = respond(unit.takeFault({entry.code}), speech);
+    entry.reply = response.bytes();
     unit.addRecord(entry);
-
-    const auto later = [this, sender, port](int ms, const QByteArray &part) {
-        QTimer::singleShot(ms, Qt::PreciseTimer, this,
-                           [this, part, sender, port] { reply(part, sender, port); });
-    };
-    if (is(Fault::Kind::Split)) {
-        reply(bytes.left(fault.bytes), sender, port);
-        later(fault.milliseconds, bytes.mid(fault.bytes));
-    } else if (is(Fault::Kind::Late)) {
-        later(fault.milliseconds, bytes);
-    } else {
-        reply(bytes, sender, port);
-    }
-    if (command == ResetUnit && !is(Fault::Kind::Refuse))
-        emit restartRequested();
+    return response;
 }
 
 bool DiscoveryLink::isForUs(int command, const QByteArray &datagram) const
 {
-    if (!isKnown(command))
+    if (!isDiscoveryCommand(command))
         return false;
     const int at = keywordOffset(command);
     const QByteArray keyword = discoveryName(command).toLatin1();
@@ -260,61 +224,46 @@ QByteArray DiscoveryLink::execute(int command, const QByteArray &datagram)
     }
 }
 
+QHostAddress *DiscoveryLink::addressSetBy(int command)
+{
+    switch (command) {
+    case SetNetmask:
+        return &settings.mask;
+    case SetGateway:
+        return &settings.gateway;
+    case SetPriDns:
+        return &settings.primaryDns;
+    case SetSecDns:
+        return &settings.secondaryDns;
+    default:
+        return nullptr;
+    }
+}
+
 bool DiscoveryLink::configure(int command, const QByteArray &datagram)
 {
-    const int at = keywordOffset(command) + discoveryName(command).size();
-    const QByteArray values = datagram.mid(at);
-    const auto takeAddress = [&values](QHostAddress &to) {
-        if (values.size() < 4)
-            return false;
-        to = addressAt(values, 0);
+    if (command == ResetUnit) {
+        restartAsked = true;
         return true;
-    };
-    bool done = false;
-    switch (command) {
-    case SetDhcpMode:
-        done = !values.isEmpty();
-        if (done)
-            settings.dhcp = values.at(0) != 0;
-        break;
-    case SetIpAdr:
-        done = values.size() >= 8;
-        if (done) {
-            settings.nextAddress = addressAt(values, 0);
-            settings.gateway = addressAt(values, 4);
-        }
-        break;
-    case SetDhcpName: {
+    }
+    const QByteArray values = datagram.mid(keywordOffset(command) + discoveryName(command).size());
+    if (command == SetDhcpName) {
         const int end = values.indexOf('\0');
         settings.name = QString::fromUtf8(values.left(end < 0 ? kNameBytes : end));
-        done = true;
-        break;
-    }
-    case SetMacAdr:
-        done = values.size() == kMacBytes;
-        if (done)
-            settings.mac = values;
-        break;
-    case SetNetmask:
-        done = takeAddress(settings.mask);
-        break;
-    case SetGateway:
-        done = takeAddress(settings.gateway);
-        break;
-    case SetPriDns:
-        done = takeAddress(settings.primaryDns);
-        break;
-    case SetSecDns:
-        done = takeAddress(settings.secondaryDns);
-        break;
-    case ResetUnit:
-        return true;
-    default:
+    } else if (values.size() < valueBytes(command) || (command == SetMacAdr && values.size() > kMacBytes)) {
         return false;
+    } else if (command == SetDhcpMode) {
+        settings.dhcp = values.at(0) != 0;
+    } else if (command == SetIpAdr) {
+        settings.nextAddress = addressAt(values, 0);
+        settings.gateway = addressAt(values, 4);
+    } else if (command == SetMacAdr) {
+        settings.mac = values.left(kMacBytes);
+    } else if (QHostAddress *address = addressSetBy(command)) {
+        *address = addressAt(values, 0);
     }
-    if (done)
-        emit settingsChanged();
-    return done;
+    emit settingsChanged();
+    return true;
 }
 
 QByteArray DiscoveryLink::networkRecord(quint8 type) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "standin/networksettings.h"
 #include "standin/unit.h"
 
 #include <QHostAddress>
@@ -9,29 +10,6 @@
 #include <memory>
 
 namespace standin {
-
-// What the unit knows of its network, as its answers to discovery show it.
-struct NetworkSettings
-{
-    bool dhcp = false;
-    QString name = QStringLiteral("QKV720");
-    QByteArray mac = QByteArray::fromHex("0050c2720001");
-    QHostAddress address;
-    QHostAddress mask{QStringLiteral("255.255.255.0")};
-    QHostAddress gateway{QStringLiteral("0.0.0.0")};
-    QHostAddress primaryDns{QStringLiteral("0.0.0.0")};
-    QHostAddress secondaryDns{QStringLiteral("0.0.0.0")};
-    int vendor = 0x0588;
-    int product = 0x1501;
-    QString modelName = QStringLiteral("QKV-720");
-    // An address that was set waits here until the unit restarts; everything else shows at once. So a unit stays
-    // within reach for the commands that follow, and its record always agrees with where it answers from.
-    QHostAddress nextAddress;
-
-    QJsonObject toJson() const;
-    void fromJson(const QJsonObject &json);
-    static QByteArray macFromText(const QString &text); // empty when it is none
-};
 
 // The unit's end of discovery and of its remote network configuration: UDP port 5002.
 class DiscoveryLink : public QObject
@@ -52,6 +30,8 @@ public:
     void setAway(bool gone) { away = gone; }
     // Takes the address that waits; the caller then listens there.
     void applyNextAddress();
+    // Carries one datagram out and records it; nothing to send for one that is meant for others.
+    Response answer(const QByteArray &datagram);
 
 signals:
     void settingsChanged();
@@ -63,6 +43,7 @@ private:
     bool isForUs(int command, const QByteArray &datagram) const;
     QByteArray execute(int command, const QByteArray &datagram);
     bool configure(int command, const QByteArray &datagram);
+    QHostAddress *addressSetBy(int command);
     QByteArray networkRecord(quint8 type) const;
     void reply(const QByteArray &bytes, const QHostAddress &to, quint16 port);
 
@@ -70,6 +51,7 @@ private:
     std::unique_ptr<QUdpSocket> directed;
     std::unique_ptr<QUdpSocket> broadcast;
     bool away = false;
+    bool restartAsked = false; // by the datagram that is answered now
     QString error;
 };
 

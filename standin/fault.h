@@ -53,6 +53,12 @@ private:
 // The key of a fault that meets every command code; a fault of the code itself goes first.
 constexpr int AnyCode = -1;
 
+// A reset travels under the code of its SET; a fault of the reset alone goes before one of the code.
+constexpr int resetCode(int code)
+{
+    return 0x200 + code;
+}
+
 // Discovery has codes of its own that overlap those of the control link: faults and counters know them by this.
 constexpr int discoveryCode(int code)
 {

@@ -145,6 +145,15 @@ const Function *functionOf(int code)
     return nullptr;
 }
 
+const Function *functionNamed(const QString &name)
+{
+    for (const Function &function : functions()) {
+        if (name.compare(QLatin1String(function.name), Qt::CaseInsensitive) == 0)
+            return &function;
+    }
+    return nullptr;
+}
+
 QString codeName(int code)
 {
     if (code == SaveSetup)
@@ -153,6 +162,59 @@ QString codeName(int code)
     if (!function)
         return QStringLiteral("0x%1").arg(code, 2, 16, QLatin1Char('0'));
     return QLatin1String((code & SetBit) != 0 ? "SET_" : "GET_") + QLatin1String(function->name);
+}
+
+QString resetName(int code)
+{
+    return QStringLiteral("RE") + codeName(code | SetBit);
+}
+
+bool canBeReset(int code)
+{
+    const Function *function = (code & SetBit) != 0 ? functionOf(code) : nullptr;
+    return function && (function->use == Function::Setting || function->use == Function::Cursor);
+}
+
+QVector<int> payloadSizes(int code, bool isReset)
+{
+    if (code == SaveSetup)
+        return {0};
+    const Function *function = functionOf(code);
+    if (!function)
+        return {};
+    if (function->use == Function::Recall)
+        return {1};
+    if ((code & SetBit) == 0)
+        return {0};
+    if (function->use == Function::ReadOnly)
+        return {};
+    // As a rule a reset carries zeros in the place of the values that it restores; some carry fewer.
+    switch (function->code) {
+    case CursorPosition:
+        return {5};
+    case InputSelection:
+        return {isReset ? 0 : 9};
+    case Levels:
+        return {isReset ? 4 : 5};
+    case LumaKey:
+        return {isReset ? 5 : 10};
+    case BackgroundBlur: // two bytes are aux mode
+        return isReset ? QVector<int>{2} : QVector<int>{2, 3};
+    default:
+        return {factoryRecord(*function).size()};
+    }
+}
+
+QString oddLength(const QVector<int> &known, int size)
+{
+    if (known.isEmpty() || known.contains(size))
+        return {};
+    QStringList sizes;
+    for (int each : known)
+        sizes.append(QString::number(each));
+    return QStringLiteral("payload of %1 bytes where the wire format has %2")
+        .arg(size)
+        .arg(sizes.join(QStringLiteral(" or ")));
 }
 
 int fieldOffset(const Function &function, const QString &field)
@@ -189,6 +251,16 @@ void writeField(const Field &field, QByteArray &record, int at, int value)
 {
     for (int i = 0; i < field.width && at + i < record.size(); ++i)
         record[at + i] = static_cast<char>((value >> (8 * i)) & 0xFF);
+}
+
+int lowest(const Field &field)
+{
+    return field.isSigned ? -(1 << (8 * field.width - 1)) : 0;
+}
+
+int highest(const Field &field)
+{
+    return (1 << (8 * field.width - (field.isSigned ? 1 : 0))) - 1;
 }
 
 QByteArray factoryRecord(const Function &function)

@@ -59,14 +59,27 @@ enum Code {
 const QVector<Function> &functions();
 // The function that a code reads or sets; nullptr for a code that the unit doesn't know.
 const Function *functionOf(int code);
+// The same by its name, "DARK" or "dark".
+const Function *functionNamed(const QString &name);
 // "GET_DARK", "SET_DARK", "SAVE_SETUP"; a number for an unknown code.
 QString codeName(int code);
+// "RESET_DARK", of the code that sets it.
+QString resetName(int code);
+// A reset has no code of its own: it is a SET with another ext byte. Not every SET has one.
+bool canBeReset(int code);
+// The lengths of payload that the wire format has for this request; none at all for one that is refused anyway.
+QVector<int> payloadSizes(int code, bool isReset);
+// "payload of 4 bytes where the wire format has 2 or 3"; empty when the size is known, or none is.
+QString oddLength(const QVector<int> &known, int size);
 
 // Where a field lies in its record; -1 for an unknown name.
 int fieldOffset(const Function &function, const QString &field);
 const Field *fieldOf(const Function &function, const QString &field);
 int readField(const Field &field, const QByteArray &record, int at);
 void writeField(const Field &field, QByteArray &record, int at, int value);
+// What a field can hold: its width and its sign say it.
+int lowest(const Field &field);
+int highest(const Field &field);
 QByteArray factoryRecord(const Function &function);
 // "level=200 density=1000": as much of the record as the bytes hold.
 QString describeRecord(const Function &function, const QByteArray &bytes);

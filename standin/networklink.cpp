@@ -1,17 +1,15 @@
 #include "standin/networklink.h"
 
-#include <QPointer>
-#include <QTcpSocket>
-#include <QTimer>
+#include "standin/framereader.h"
 
-#include <memory>
+#include <QTcpSocket>
 
 namespace standin {
 
 namespace {
 
-// A frame that stays incomplete for so long is given up, so that stray bytes don't spoil what follows.
-constexpr int kIncompleteMs = 300;
+// A client that asks without ever reading is cut off: its answers must not fill the machine.
+constexpr qint64 kUnreadLimit = 1024 * 1024;
 
 } // namespace
 
@@ -71,39 +69,25 @@ void NetworkLink::welcome()
 
 void NetworkLink::serve(QTcpSocket *socket)
 {
-    auto splitter = std::make_shared<StreamSplitter>(LinkKind::Network);
-    auto *patience = new QTimer(socket);
-    patience->setSingleShot(true);
-    patience->setInterval(kIncompleteMs);
-    connect(patience, &QTimer::timeout, socket, [this, socket, splitter] {
-        if (splitter->hasRemains())
-            send(socket, unit.handle(LinkKind::Network, splitter->giveUp()));
-    });
-    const auto take = [this, socket, splitter, patience] {
-        for (const Frame &frame : splitter->take(socket->readAll()))
-            send(socket, unit.handle(LinkKind::Network, frame));
-        splitter->hasRemains() ? patience->start() : patience->stop();
+    const auto write = [socket](const QByteArray &bytes) {
+        if (socket->state() != QAbstractSocket::ConnectedState)
+            return;
+        socket->write(bytes);
+        socket->flush();
+        if (socket->bytesToWrite() > kUnreadLimit)
+            socket->abort();
     };
+    const auto send = [socket, write](const Response &response) {
+        if (response.closeLink)
+            socket->abort();
+        else
+            deliver(response, socket, write);
+    };
+    auto *reader = new FrameReader(unit, LinkKind::Network, send, socket);
+    const auto take = [socket, reader] { reader->take(socket->readAll()); };
     connect(socket, &QTcpSocket::readyRead, socket, take);
     if (socket->bytesAvailable() > 0)
         take();
-}
-
-void NetworkLink::send(QTcpSocket *socket, const Response &response)
-{
-    if (response.closeLink) {
-        socket->abort();
-        return;
-    }
-    for (const Response::Chunk &chunk : response.chunks) {
-        const auto write = [socket, bytes = chunk.bytes] {
-            if (socket->state() != QAbstractSocket::ConnectedState)
-                return;
-            socket->write(bytes);
-            socket->flush();
-        };
-        chunk.delayMs > 0 ? QTimer::singleShot(chunk.delayMs, Qt::PreciseTimer, socket, write) : write();
-    }
 }
 
 } // namespace standin

@@ -40,7 +40,6 @@ private:
     void letIn();
     void welcome();
     void serve(QTcpSocket *socket);
-    void send(QTcpSocket *socket, const Response &response);
 
     Unit &unit;
     QTcpServer server;

@@ -14,8 +14,13 @@ namespace standin {
 
 namespace {
 
-// A frame that stays incomplete for so long is given up; at 19200 baud the longest takes 135 ms.
-constexpr int kIncompleteMs = 300;
+// Where a symbolic link leads; empty for anything else.
+QByteArray linkTarget(const QByteArray &path)
+{
+    std::array<char, 256> target{};
+    const ssize_t length = ::readlink(path.constData(), target.data(), target.size());
+    return length > 0 ? QByteArray(target.data(), static_cast<int>(length)) : QByteArray();
+}
 
 bool makeRaw(int file)
 {
@@ -32,16 +37,13 @@ bool makeRaw(int file)
 
 } // namespace
 
-SerialLink::SerialLink(Unit &served, QObject *parent)
+// A serial line has no end to close: a closed link is silence there, and such a response has nothing to deliver.
+SerialLink::SerialLink(Unit &unit, QObject *parent)
     : QObject(parent)
-    , unit(served)
+    , reader(unit, LinkKind::Serial, [this](const Response &response) {
+        deliver(response, this, [this](const QByteArray &bytes) { write(bytes); });
+    })
 {
-    patience.setSingleShot(true);
-    patience.setInterval(kIncompleteMs);
-    connect(&patience, &QTimer::timeout, this, [this] {
-        if (splitter.hasRemains())
-            send(unit.handle(LinkKind::Serial, splitter.giveUp()));
-    });
 }
 
 SerialLink::~SerialLink()
@@ -82,6 +84,22 @@ bool SerialLink::openDevice(const QString &path)
     return watch();
 }
 
+bool SerialLink::publish(const QString &path)
+{
+    const QByteArray at = QFile::encodeName(path);
+    const QByteArray own = QFile::encodeName(port);
+    // A killed run leaves its link, to a terminal that is gone or whose number is this one's now.
+    const QByteArray target = linkTarget(at);
+    const bool isLeftOver =
+        target.startsWith("/dev/pts/") && (target == own || ::access(target.constData(), F_OK) != 0);
+    if (isLeftOver)
+        ::unlink(at.constData());
+    if (::symlink(own.constData(), at.constData()) != 0)
+        return fail(QStringLiteral("%1 can't be made a link to the pseudo-terminal").arg(path));
+    link = at;
+    return true;
+}
+
 bool SerialLink::watch()
 {
     const int flags = ::fcntl(file, F_GETFL);
@@ -95,6 +113,9 @@ bool SerialLink::watch()
 void SerialLink::close()
 {
     notifier.reset();
+    if (!link.isEmpty() && linkTarget(link) == QFile::encodeName(port))
+        ::unlink(link.constData());
+    link.clear();
     if (slave >= 0)
         ::close(slave);
     if (file >= 0)
@@ -115,19 +136,7 @@ void SerialLink::take()
         notifier->setEnabled(false);
         return;
     }
-    const QByteArray bytes(buffer.data(), static_cast<int>(got));
-    for (const Frame &frame : splitter.take(bytes))
-        send(unit.handle(LinkKind::Serial, frame));
-    splitter.hasRemains() ? patience.start() : patience.stop();
-}
-
-void SerialLink::send(const Response &response)
-{
-    // A serial line has no end to close: there a closed link is silence, and nothing was put into the chunks.
-    for (const Response::Chunk &chunk : response.chunks) {
-        const auto put = [this, bytes = chunk.bytes] { write(bytes); };
-        chunk.delayMs > 0 ? QTimer::singleShot(chunk.delayMs, Qt::PreciseTimer, this, put) : put();
-    }
+    reader.take(QByteArray(buffer.data(), static_cast<int>(got)));
 }
 
 void SerialLink::write(const QByteArray &bytes) const

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "standin/unit.h"
+#include "standin/framereader.h"
 
 #include <QObject>
-#include <QTimer>
 
 #include <memory>
 
@@ -25,6 +24,9 @@ public:
 
     bool openPty();
     bool openDevice(const QString &path);
+    // Makes a link to the pseudo-terminal at this path, until the line is closed. Whatever lies there already
+    // stays and is an error, but for a link that a killed run left behind.
+    bool publish(const QString &path);
     void close();
     bool isOpen() const { return file >= 0; }
     // The path that a panel opens: the pseudo-terminal's other end, or the device itself.
@@ -35,16 +37,14 @@ private:
     bool watch();
     bool fail(const QString &what);
     void take();
-    void send(const Response &response);
     void write(const QByteArray &bytes) const;
 
-    Unit &unit;
-    StreamSplitter splitter{LinkKind::Serial};
-    QTimer patience;
+    FrameReader reader;
     std::unique_ptr<QSocketNotifier> notifier;
     int file = -1;
     int slave = -1; // held open, so that the master sees no hang-up between two openings by the panel
     QString port;
+    QByteArray link; // the path that leads to the pseudo-terminal
     QString error;
 };
 

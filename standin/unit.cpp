@@ -1,7 +1,5 @@
 #include "standin/unit.h"
 
-#include <QJsonArray>
-
 #include <chrono>
 
 namespace standin {
@@ -12,10 +10,6 @@ constexpr int kUnsupported = 0x81;
 constexpr int kBadChecksum = 0x82;
 constexpr int kResetBit = 0x80;
 constexpr int kRecordLimit = 20000; // a day of polling must not fill the machine
-
-constexpr int kPresetMask = 0x07;
-constexpr int kPresetEnhance = 0x08;
-constexpr int kPresetVivid = 0x10;
 
 bool isKept(const Function &function)
 {
@@ -54,42 +48,28 @@ Response Unit::handle(LinkKind link, const Frame &frame)
     entry.payload = frame.payload;
     entry.wellFormed = frame.wellFormed;
     entry.checksumGood = frame.checksumGood;
+    if (frame.wellFormed && frame.checksumGood)
+        entry.oddLength = oddLength(payloadSizes(frame.code, entry.isExtended()), frame.payload.size());
 
-    Response response;
-    Fault fault;
-    const bool faulty = takeFault(frame.code, fault);
-    if (faulty && fault.kind == Fault::Kind::CloseLink) {
-        response.closeLink = true;
-        addRecord(entry);
-        return response;
-    }
+    const bool isReset = entry.isExtended() && canBeReset(frame.code);
+    Speech speech;
+    speech.refusal = [link](int status) { return onLink(link, makeRefusal(status)); };
+    speech.ownAnswer = [link](const QByteArray &body) { return onLink(link, body); };
+    speech.sumAt = [](const QByteArray &answer) { return answer.size() - 1; };
+    speech.carryOut = [&] {
+        if (!frame.wellFormed || !frame.checksumGood)
+            return speech.refusal(kBadChecksum);
+        const QByteArray body = execute(frame);
+        if (isReset)
+            entry.restored = records.value(functionOf(frame.code)->code);
+        return onLink(link, body);
+    };
 
-    QByteArray body;
-    if (faulty && fault.kind == Fault::Kind::Refuse)
-        body = makeRefusal(fault.status);
-    else if (!frame.wellFormed || !frame.checksumGood)
-        body = makeRefusal(kBadChecksum);
-    else
-        body = execute(frame);
-
-    if (faulty && fault.kind == Fault::Kind::Answer)
-        body = fault.body;
-    if (faulty && fault.kind == Fault::Kind::WrongChecksum && !body.isEmpty())
-        body[body.size() - 1] = static_cast<char>(body.back() ^ 0x55);
-
-    QByteArray bytes = onLink(link, body);
-    if (faulty && fault.kind == Fault::Kind::Silent)
-        bytes.clear();
-    if (faulty && fault.kind == Fault::Kind::Short)
-        bytes.truncate(fault.bytes);
-
-    if (faulty && fault.kind == Fault::Kind::Split) {
-        response.chunks.append({0, bytes.left(fault.bytes)});
-        response.chunks.append({fault.milliseconds, bytes.mid(fault.bytes)});
-    } else if (!bytes.isEmpty()) {
-        response.chunks.append({faulty && fault.kind == Fault::Kind::Late ? fault.milliseconds : 0, bytes});
-    }
-    entry.reply = bytes;
+    busyMs = 0;
+    const auto fault = isReset ? takeFault({resetCode(frame.code), frame.code}) : takeFault({frame.code});
+    Response response = respond(fault, speech);
+    response.delayBy(busyMs);
+    entry.reply = response.bytes();
     addRecord(entry);
     return response;
 }
@@ -122,12 +102,16 @@ QByteArray Unit::executeSet(const Function &function, const Frame &frame)
         return reset(function, frame);
     if (function.use == Function::Cursor)
         return placeCursor(frame);
+    const QByteArray before = records.value(function.code);
     applyPayload(function, frame.payload);
     if (function.code == BackColour) {
         const int mode = frame.payload.size() < 7 ? 0 : static_cast<quint8>(frame.payload.at(6));
         if (mode == 1 || mode == 2)
             return automaticKey(mode);
+        shapeToColour();
     }
+    if (function.code == OutputStandard && records.value(OutputStandard) != before)
+        busyMs = pace.formatMs;
     if (function.code == InputSelection)
         detectInputs();
     changed();
@@ -154,78 +138,6 @@ void Unit::applyPayload(const Function &function, const QByteArray &payload)
         record[i] = payload.at(i);
 }
 
-void Unit::applySpillPreset(int choice)
-{
-    struct Preset
-    {
-        int suppression;
-        int balance;
-        int brightness;
-    };
-    static const std::array<Preset, 3> presets = {{{300, 500, 450}, {500, 500, 400}, {600, 650, 373}}};
-    const int wanted = choice & kPresetMask;
-    const int index = wanted > 2 ? 0 : wanted;
-    const Preset &preset = presets.at(static_cast<size_t>(index));
-    setValue(Spill, QStringLiteral("suppression"), preset.suppression);
-    setValue(Spill, QStringLiteral("enhance"), (choice & kPresetEnhance) != 0 ? 300 : 0);
-    setValue(Spill, QStringLiteral("balance"), preset.balance);
-    setValue(Spill, QStringLiteral("brightness"), preset.brightness);
-    setValue(Spill, QStringLiteral("vivid"), (choice & kPresetVivid) != 0 ? 1 : 0);
-    setValue(Spill, QStringLiteral("preset"), index | (choice & (kPresetEnhance | kPresetVivid)));
-}
-
-QByteArray Unit::automaticKey(int mode)
-{
-    setValue(BackColour, QStringLiteral("red"), backdrop[0]);
-    setValue(BackColour, QStringLiteral("green"), backdrop[1]);
-    setValue(BackColour, QStringLiteral("blue"), backdrop[2]);
-    setValue(BackColour, QStringLiteral("auto"), mode);
-    if (mode == 1) {
-        // AutoDef: the colour that was found, everything else of the key as it left the factory.
-        for (int code : {int(Angle), int(Levels), int(Dark), int(Bright), int(Shadow), int(Spill)})
-            records[code] = factoryRecord(*functionOf(code));
-    } else {
-        // AutoBack: the scan measures the backdrop and shapes the key to it.
-        setValue(Angle, QStringLiteral("left"), 0x37);
-        setValue(Angle, QStringLiteral("right"), 0x41);
-        setValue(Levels, QStringLiteral("black"), 140);
-        setValue(Levels, QStringLiteral("white"), 860);
-        setValue(Dark, QStringLiteral("level"), 240);
-        setValue(Bright, QStringLiteral("level"), 330);
-        setValue(Shadow, QStringLiteral("level"), 210);
-        applySpillPreset(2);
-    }
-    changed();
-    QByteArray chain = makeBody(0, BackColour | SetBit, records.value(BackColour));
-    for (int code = BackColour; code <= Spill; ++code)
-        chain += getReply(code);
-    return chain + getReply(PostAmplifier) + getReply(RgbCorrector);
-}
-
-QByteArray Unit::placeCursor(const Frame &frame)
-{
-    applyPayload(*functionOf(CursorPosition), frame.payload.left(5));
-    if (value(CursorPosition, QStringLiteral("control")) != 0) {
-        const auto colour =
-            colourAt(value(CursorPosition, QStringLiteral("x")), value(CursorPosition, QStringLiteral("y")));
-        setValue(CursorPosition, QStringLiteral("red"), colour[0]);
-        setValue(CursorPosition, QStringLiteral("green"), colour[1]);
-        setValue(CursorPosition, QStringLiteral("blue"), colour[2]);
-    }
-    return makeBody(0, frame.code, records.value(CursorPosition));
-}
-
-std::array<int, 3> Unit::colourAt(int x, int y) const
-{
-    if (fixedCursorColour[0] >= 0)
-        return fixedCursorColour;
-    // A backdrop that grows a little brighter to the right and darker to the foot.
-    std::array<int, 3> colour = backdrop;
-    for (int &part : colour)
-        part = qBound(0, part + x % 64 - y % 32, 1000);
-    return colour;
-}
-
 QByteArray Unit::getReply(int code) const
 {
     return makeBody(0, code, records.value(code));
@@ -236,13 +148,12 @@ void Unit::detectInputs()
     static const std::array<const char *, 3> layers = {"fg", "bg", "aux"};
     for (const char *layer : layers) {
         const int source = value(InputSelection, QLatin1String(layer));
-        const int standard = source < ConnectorCount ? connectors.at(static_cast<size_t>(source)) : 0;
-        setValue(InputStandard, QLatin1String(layer), standard);
+        put(InputStandard, layer, source < ConnectorCount ? connectors.at(static_cast<size_t>(source)) : 0);
     }
     const int sync = connectors[ConnectorCount - 1];
-    setValue(InputStandard, QStringLiteral("sync"), sync);
+    put(InputStandard, "sync", sync);
     const bool locked = value(InputSelection, QStringLiteral("genlock")) != 0 && sync != 0;
-    setValue(InputStandard, QStringLiteral("genlockStatus"), locked ? 1 : 0);
+    put(InputStandard, "genlockStatus", locked ? 1 : 0);
 }
 
 int Unit::value(int code, const QString &field) const
@@ -256,10 +167,20 @@ bool Unit::setValue(int code, const QString &field, int value)
 {
     const Function *function = functionOf(code);
     const Field *known = function ? fieldOf(*function, field) : nullptr;
-    if (!known)
+    if (!known || value < lowest(*known) || value > highest(*known))
         return false;
-    writeField(*known, records[function->code], fieldOffset(*function, field), value);
+    put(code, known->name, value);
+    if (function->code == InputSelection)
+        detectInputs();
+    changed();
     return true;
+}
+
+void Unit::put(int code, const char *field, int value)
+{
+    const Function *function = functionOf(code);
+    const QString name = QLatin1String(field);
+    writeField(*fieldOf(*function, name), records[function->code], fieldOffset(*function, name), value);
 }
 
 void Unit::recallMemory(int index)
@@ -312,6 +233,7 @@ void Unit::setConnector(int connector, int standard)
         return;
     connectors.at(static_cast<size_t>(connector)) = standard;
     detectInputs();
+    changed();
 }
 
 void Unit::setCursorColour(int red, int green, int blue)
@@ -326,24 +248,27 @@ void Unit::setBackdrop(int red, int green, int blue)
 
 void Unit::setFault(int code, const Fault &fault)
 {
-    faultOf.insert(code, fault);
+    if (fault.times != 0)
+        faultOf.insert(code, fault);
 }
 
-bool Unit::takeFault(int code, Fault &fault)
+std::optional<Fault> Unit::takeFault(std::initializer_list<int> keys)
 {
-    auto it = faultOf.find(code);
+    auto it = faultOf.end();
+    for (int key : keys) {
+        if (it == faultOf.end())
+            it = faultOf.find(key);
+    }
     if (it == faultOf.end())
         it = faultOf.find(AnyCode);
     if (it == faultOf.end())
-        return false;
-    if (it->times == 0) {
+        return std::nullopt;
+    const Fault fault = *it;
+    if (it->times > 0)
+        --it->times;
+    if (it->times == 0)
         faultOf.erase(it);
-        return false;
-    }
-    fault = *it;
-    if (it->times > 0 && --it->times == 0)
-        faultOf.erase(it);
-    return true;
+    return fault;
 }
 
 void Unit::addRecord(const FrameRecord &frame)

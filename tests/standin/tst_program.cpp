@@ -1,5 +1,6 @@
-// The program as people run it: options, commands on standard input, log, state file, restart at a new address.
+// The program as people run it: commands on standard input, log, state file, serial link, restart at a new address.
 
+#include "tests/standin/program.h"
 #include "tests/support/rawlink.h"
 #include "tests/support/testnetwork.h"
 
@@ -19,6 +20,7 @@
 #include <termios.h>
 #include <unistd.h>
 
+using support::Program;
 using support::RawNetwork;
 using support::RawSerial;
 using support::requestBody;
@@ -30,20 +32,15 @@ class TestProgram : public QObject
 
 private slots:
     void initTestCase();
-    void help();
     void framesByName();
     void versionsFromOptions();
     void faultFromOption();
-    void commands_data();
-    void commands();
     void faultAtRunTime();
     void recordAndForget();
     void logFile();
     void stateFileOutlivesTheProgram();
     void serialLink();
     void serialDevice();
-    void badOptions_data();
-    void badOptions();
     void addressTaken();
     void endOfInputIsNoEnd();
     void restartAtTheNewAddress();
@@ -53,72 +50,10 @@ private:
     QTemporaryDir folder;
 };
 
-namespace {
-
-// The program with its two streams.
-class Program
-{
-public:
-    explicit Program(const QStringList &arguments)
-    {
-        process.setProcessChannelMode(QProcess::MergedChannels);
-        process.start(QStringLiteral(UNIT_PROGRAM), arguments);
-    }
-    ~Program() { stop(); }
-    bool isReady() { return waitFor(QStringLiteral("ready on")); }
-    bool waitFor(const QString &text, int ms = 5000)
-    {
-        QElapsedTimer clock;
-        clock.start();
-        while (!output.contains(text) && clock.elapsed() < ms) {
-            process.waitForReadyRead(100);
-            output += QString::fromUtf8(process.readAll());
-        }
-        return output.contains(text);
-    }
-    // Sends one line, and gives what is printed until it is answered.
-    QString tell(const QString &line, const QString &until)
-    {
-        waitFor(QStringLiteral("\n"));
-        process.waitForReadyRead(20);
-        process.readAll();
-        output.clear();
-        process.write(line.toUtf8() + '\n');
-        waitFor(until);
-        return output;
-    }
-    void stop()
-    {
-        if (process.state() == QProcess::NotRunning)
-            return;
-        process.terminate();
-        process.waitForFinished(5000);
-        output += QString::fromUtf8(process.readAll());
-    }
-
-    QProcess process;
-    QString output;
-};
-
-} // namespace
-
 void TestProgram::initTestCase()
 {
-    const auto pid = static_cast<quint32>(QCoreApplication::applicationPid());
-    address = QStringLiteral("127.%1.%2.%3")
-                  .arg(100 + (pid >> 16U) % 100U)
-                  .arg((pid >> 8U) & 0xFFU)
-                  .arg(1 + pid % 250U);
+    address = support::processAddress();
     QVERIFY(folder.isValid());
-}
-
-void TestProgram::help()
-{
-    Program program({QStringLiteral("--help")});
-    QVERIFY(program.process.waitForFinished(5000));
-    QCOMPARE(program.process.exitCode(), 0);
-    QVERIFY(program.waitFor(QStringLiteral("--restart-time")));
-    QVERIFY(program.output.contains(QStringLiteral("no real unit")));
 }
 
 void TestProgram::framesByName()
@@ -131,7 +66,10 @@ void TestProgram::framesByName()
     link.exchange(requestBody(0xD2, QByteArray::fromHex("e803010101")));
     QVERIFY(program.waitFor(QStringLiteral("network SET_LEVELS black=1000 white=257 matte=1")));
     link.exchange(requestBody(0xD2, QByteArray(4, '\0'), 0x80));
-    QVERIFY(program.waitFor(QStringLiteral("network RESET_LEVELS black=0 white=0")));
+    QVERIFY(program.waitFor(QStringLiteral("network RESET_LEVELS restored black=100 white=900 matte=0\n")));
+    link.exchange(requestBody(0xD2, QByteArray(3, '\1')));
+    QVERIFY(
+        program.waitFor(QStringLiteral("network SET_LEVELS black=257 more=01 (payload of 3 bytes where")));
 }
 
 void TestProgram::versionsFromOptions()
@@ -158,50 +96,6 @@ void TestProgram::faultFromOption()
     QCOMPARE(link.exchange(requestBody(0x6C)).toHex(), QByteArray("028183"));
     QCOMPARE(link.exchange(requestBody(0x6C)).size(), 10);
     QCOMPARE(link.exchange(requestBody(0x6F)).toHex(), QByteArray("0500"));
-}
-
-void TestProgram::commands_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("answer");
-    QTest::newRow("help") << "help"
-                          << "clear CODE";
-    QTest::newRow("unknown") << "dance"
-                             << "no such command: dance";
-    QTest::newRow("bad fault") << "fault D2 melt"
-                               << "no such fault: melt";
-    QTest::newRow("bad code") << "clear XY"
-                              << "no such code: XY";
-    QTest::newRow("clear") << "clear"
-                           << "ok";
-    QTest::newRow("set") << "set dark level 7"
-                         << "ok";
-    QTest::newRow("set no field") << "set DARK colour 7"
-                                  << "no such field";
-    QTest::newRow("set no function") << "set LIGHT level 7"
-                                     << "no such function";
-    QTest::newRow("recall") << "recall 0"
-                            << "ok";
-    QTest::newRow("save nothing") << "save 0"
-                                  << "memories are 1 to 8";
-    QTest::newRow("connector") << "connector 4 0"
-                               << "ok";
-    QTest::newRow("no connector") << "connector 5 0"
-                                  << "connector N STANDARD";
-    QTest::newRow("state") << "state"
-                           << "\"memories\"";
-    QTest::newRow("record") << "record"
-                            << "0 frames";
-}
-
-void TestProgram::commands()
-{
-    QFETCH(QString, line);
-    QFETCH(QString, answer);
-    Program program({QStringLiteral("--address"), address});
-    QVERIFY(program.isReady());
-    const QString got = program.tell(line, answer);
-    QVERIFY2(got.contains(answer), qPrintable(got));
 }
 
 void TestProgram::faultAtRunTime()
@@ -247,6 +141,7 @@ void TestProgram::logFile()
     QCOMPARE(frame.value(QStringLiteral("raw")).toString(), QStringLiteral("00 09 06 00 d5 01 01 02 df"));
     QCOMPARE(frame.value(QStringLiteral("good")).toBool(), true);
     QVERIFY(frame.value(QStringLiteral("ns")).toDouble() > 0);
+    QCOMPARE(frame.value(QStringLiteral("unit")).toString(), address);
 }
 
 void TestProgram::stateFileOutlivesTheProgram()
@@ -321,28 +216,6 @@ void TestProgram::serialDevice()
     ::close(wire);
     QTest::qWait(100); // a port that is pulled out is no end of the program
     QCOMPARE(program.process.state(), QProcess::Running);
-}
-
-void TestProgram::badOptions_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::newRow("address") << QStringList{QStringLiteral("--address"), QStringLiteral("nowhere")};
-    QTest::newRow("MAC") << QStringList{QStringLiteral("--mac"), QStringLiteral("00:11")};
-    QTest::newRow("version") << QStringList{QStringLiteral("--firmware"), QStringLiteral("new")};
-    QTest::newRow("fault") << QStringList{QStringLiteral("--fault"), QStringLiteral("D2 melt")};
-    QTest::newRow("serial") << QStringList{QStringLiteral("--serial"), QStringLiteral("/nowhere")};
-    QTest::newRow("log") << QStringList{QStringLiteral("--log"), QStringLiteral("/nowhere/log")};
-    QTest::newRow("unknown") << QStringList{QStringLiteral("--nonsense")};
-}
-
-void TestProgram::badOptions()
-{
-    QFETCH(QStringList, arguments);
-    const bool ownAddress = arguments.first() == QLatin1String("--address");
-    Program program(ownAddress ? arguments : arguments + QStringList{QStringLiteral("--address"), address});
-    QVERIFY(program.process.waitForFinished(5000));
-    QCOMPARE(program.process.exitCode(), 1);
-    QVERIFY(program.process.readAll().size() > 10);
 }
 
 void TestProgram::addressTaken()
