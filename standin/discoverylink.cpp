@@ -7,8 +7,6 @@
 
 #include "standin/discoverylink.h"
 
-#include "standin/discoverycodes.h"
-
 #include <utility>
 
 namespace standin {
@@ -21,41 +19,15 @@ constexpr int kNameBytes = NetworkSettings::NameBytes;
 constexpr char kAck = 0x06;
 constexpr char kNack = 0x15;
 
-// Where the keyword of a command begins: behind the MAC in the commands that are sent to all.
-int keywordOffset(int command)
+// Where the keyword of a command begins, and where its values do.
+int keywordAt(const DiscoveryFunction &function)
 {
-    switch (command) {
-    case SetDhcpMode:
-    case SetIpAdr:
-    case ResetUnit:
-    case GetModel:
-    case GetModelName:
-        return kHeaderBytes + kMacBytes;
-    default:
-        return kHeaderBytes;
-    }
+    return kHeaderBytes + (function.namesAUnit ? kMacBytes : 0);
 }
 
-// How many bytes of values follow the keyword.
-int valueBytes(int command)
+int valuesAt(const DiscoveryFunction &function)
 {
-    switch (command) {
-    case SetDhcpMode:
-        return 1;
-    case SetIpAdr:
-        return 8;
-    case SetDhcpName:
-        return kNameBytes;
-    case SetMacAdr:
-        return kMacBytes;
-    case SetNetmask:
-    case SetGateway:
-    case SetPriDns:
-    case SetSecDns:
-        return 4;
-    default:
-        return 0;
-    }
+    return keywordAt(function) + static_cast<int>(qstrlen(function.keyword));
 }
 
 QByteArray bytesOf(const QHostAddress &address)
@@ -171,38 +143,36 @@ Response DiscoveryLink::answer(const QByteArray &datagram)
     const bool longName = command == SetDhcpName && datagram.size() > length;
     entry.wellFormed = datagram.size() == length || longName;
     entry.checksumGood = true;
-    if (!entry.wellFormed || !isForUs(command, datagram)) {
+    const DiscoveryFunction *function = discoveryFunction(command);
+    if (!entry.wellFormed || !function || !isForUs(*function, datagram)) {
         unit.addRecord(entry);
         return {};
     }
-    const int valuesAt = keywordOffset(command) + discoveryName(command).size();
     if (!longName)
-        entry.oddLength = oddLength({valuesAt - kHeaderBytes + valueBytes(command)}, entry.payload.size());
+        entry.oddLength =
+            oddLength({valuesAt(*function) - kHeaderBytes + function->valueBytes}, entry.payload.size());
 
     Speech speech;
     speech.refusal = [type, command](int) { return withHeader(type, command, QByteArray(1, kNack)); };
     speech.ownAnswer = [](const QByteArray &body) { return body; };
     speech.sumAt = [](const QByteArray &) { return 1; }; // a datagram has no sum: its length lies instead
-    speech.carryOut = [&] { return execute(command, datagram); };
+    speech.carryOut = [&] { return execute(*function, datagram); };
     const Response response = respond(unit.takeFault({entry.code}), speech);
     entry.reply = response.bytes();
     unit.addRecord(entry);
     return response;
 }
 
-bool DiscoveryLink::isForUs(int command, const QByteArray &datagram) const
+bool DiscoveryLink::isForUs(const DiscoveryFunction &function, const QByteArray &datagram) const
 {
-    if (!isDiscoveryCommand(command))
+    if (!datagram.mid(keywordAt(function)).startsWith(function.keyword))
         return false;
-    const int at = keywordOffset(command);
-    const QByteArray keyword = discoveryName(command).toLatin1();
-    if (datagram.mid(at, keyword.size()) != keyword)
-        return false;
-    return at == kHeaderBytes || datagram.mid(kHeaderBytes, kMacBytes) == settings.mac;
+    return !function.namesAUnit || datagram.mid(kHeaderBytes, kMacBytes) == settings.mac;
 }
 
-QByteArray DiscoveryLink::execute(int command, const QByteArray &datagram)
+QByteArray DiscoveryLink::execute(const DiscoveryFunction &function, const QByteArray &datagram)
 {
+    const int command = function.command;
     const auto type = static_cast<quint8>(datagram.at(2));
     switch (command) {
     case EthReq:
@@ -220,7 +190,7 @@ QByteArray DiscoveryLink::execute(int command, const QByteArray &datagram)
     case GetModelName:
         return withHeader(type, command, settings.modelName.toLatin1().left(45) + '\0');
     default:
-        return withHeader(type, command, QByteArray(1, configure(command, datagram) ? kAck : kNack));
+        return withHeader(type, command, QByteArray(1, configure(function, datagram) ? kAck : kNack));
     }
 }
 
@@ -240,17 +210,18 @@ QHostAddress *DiscoveryLink::addressSetBy(int command)
     }
 }
 
-bool DiscoveryLink::configure(int command, const QByteArray &datagram)
+bool DiscoveryLink::configure(const DiscoveryFunction &function, const QByteArray &datagram)
 {
+    const int command = function.command;
     if (command == ResetUnit) {
         restartAsked = true;
         return true;
     }
-    const QByteArray values = datagram.mid(keywordOffset(command) + discoveryName(command).size());
+    const QByteArray values = datagram.mid(valuesAt(function));
     if (command == SetDhcpName) {
         const int end = values.indexOf('\0');
         settings.name = QString::fromUtf8(values.left(end < 0 ? kNameBytes : end));
-    } else if (values.size() < valueBytes(command) || (command == SetMacAdr && values.size() > kMacBytes)) {
+    } else if (values.size() < function.valueBytes || (command == SetMacAdr && values.size() > kMacBytes)) {
         return false;
     } else if (command == SetDhcpMode) {
         settings.dhcp = values.at(0) != 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "standin/discoverycodes.h"
 #include "standin/networksettings.h"
 #include "standin/unit.h"
 
@@ -40,9 +41,9 @@ signals:
 private:
     void take(QUdpSocket *socket);
     void handle(const QByteArray &datagram, const QHostAddress &sender, quint16 port);
-    bool isForUs(int command, const QByteArray &datagram) const;
-    QByteArray execute(int command, const QByteArray &datagram);
-    bool configure(int command, const QByteArray &datagram);
+    bool isForUs(const DiscoveryFunction &function, const QByteArray &datagram) const;
+    QByteArray execute(const DiscoveryFunction &function, const QByteArray &datagram);
+    bool configure(const DiscoveryFunction &function, const QByteArray &datagram);
     QHostAddress *addressSetBy(int command);
     QByteArray networkRecord(quint8 type) const;
     void reply(const QByteArray &bytes, const QHostAddress &to, quint16 port);

@@ -10,7 +10,6 @@ namespace standin {
 
 namespace {
 
-constexpr int kDiscoveryCommands = 0x42;
 constexpr int kCodes = 0x100;
 constexpr int kLongestMs = 600000;
 constexpr int kMostBytes = 4096; // of a reply, or of an answer of one's own
@@ -104,9 +103,9 @@ int codeFromText(const QString &text)
     const QString wanted = text.toUpper();
     if (wanted == QLatin1String("ANY"))
         return AnyCode;
-    for (int command = 0; command < kDiscoveryCommands; ++command) {
-        if (wanted == discoveryName(command))
-            return discoveryCode(command);
+    for (const DiscoveryFunction &function : discoveryFunctions()) {
+        if (wanted == QLatin1String(function.keyword))
+            return discoveryCode(function.command);
     }
     for (int code = 0; code < kCodes; ++code) {
         if (wanted == codeName(code))
@@ -151,10 +150,8 @@ QString codeHelp()
     }
     lines.append(QStringLiteral("  %1 %2").arg(numberOfCode(SaveSetup), codeName(SaveSetup)));
     QStringList datagrams;
-    for (int command = 0; command < kDiscoveryCommands; ++command) {
-        if (isDiscoveryCommand(command))
-            datagrams.append(discoveryName(command));
-    }
+    for (const DiscoveryFunction &function : discoveryFunctions())
+        datagrams.append(QLatin1String(function.keyword));
     lines.append(QStringLiteral("  discovery: ") + datagrams.join(QLatin1Char(' ')));
     return lines.join(QLatin1Char('\n'));
 }

@@ -252,9 +252,9 @@ void TestConsole::everyNameOfAFrameIsACode()
                 QCOMPARE(standin::codeFromText(name), isReset ? standin::resetCode(code) : code);
         }
     }
-    for (int command = 0; command < 0x100; ++command) {
-        if (standin::isDiscoveryCommand(command))
-            QCOMPARE(standin::codeFromText(standin::discoveryName(command)), standin::discoveryCode(command));
+    for (const standin::DiscoveryFunction &function : standin::discoveryFunctions()) {
+        const QString name = standin::discoveryName(function.command);
+        QCOMPARE(standin::codeFromText(name), standin::discoveryCode(function.command));
     }
 }
 
