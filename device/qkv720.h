@@ -4,17 +4,18 @@
 #include "device/qkv720state.h"
 #include "device/replybody.h"
 #include "device/serialport.h"
+#include "device/timing.h"
 
 #include <QObject>
 #include <QPoint>
 #include <QString>
 #include <QStringList>
 
-#include <array>
 #include <optional>
 
 class HLNP;
 class QTimer;
+struct UnitFunction;
 
 // The panel's mirror of the unit, and every operation that the unit offers.
 //
@@ -22,7 +23,7 @@ class QTimer;
 // was later. They outlive every connection.
 //
 // `method` is the link: 1 network, 2 serial. Every operation with a `method` blocks the thread until its
-// exchange has ended, sleeps and retries included. Three shapes occur:
+// exchange has ended, sleeps and retries included. Three shapes occur (functions.h lays out what each function carries):
 //  - get    sends a GET code and takes the reply into the fields. On failure the fields keep their values; a
 //           returned record is then all zero and output arguments are left alone.
 //  - set    writes its arguments into the fields first, whether or not the unit hears of it, then sends them.
@@ -321,66 +322,46 @@ signals:
     void connectionBroken();
 
 private:
-    // The sleeps between the attempts of one command: one attempt more than there are sleeps.
-    struct RetryLadder
-    {
-        std::array<unsigned long, 3> sleepsMs;
-        size_t retries;
-    };
-    static constexpr RetryLadder kStandardLadder{{300, 500, 1000}, 3};
-    static constexpr RetryLadder kNetworkStatusLadder{{300, 300, 0}, 2};
-    static constexpr RetryLadder kShortLadder{{300, 500, 0}, 2};
-    static constexpr RetryLadder kNetworkCursorLadder{{200, 200, 0}, 2};
-    static constexpr RetryLadder kNetworkKeyColorLadder{{3000, 1000, 500}, 3};
+    // One command each, from the frame to the reply body. Nothing when it fails, or when `method` is no link.
+    //
+    // exchange: the connection check of the network link, the standard ladder, the length test of the serial link.
+    std::optional<ReplyBody> exchange(uint method, const Command &command);
+    // Without the connection check: for the later steps of an operation that has made it, and for saveSetup.
+    std::optional<ReplyBody> exchangeWithoutCheck(uint method, const Command &command,
+                                                  const RetryLadder &ladder = kStandardLadder);
+    // Without the length test either: an empty serial reply passes. `resultLog` begins a log line for each attempt.
+    std::optional<ReplyBody> exchangeOfAnyLength(uint method, const Command &command,
+                                                 const RetryLadder &ladder = kStandardLadder,
+                                                 const char *resultLog = nullptr);
 
-    // The whole of an ordinary command: the connection check of the network link, the frame, the attempts and
-    // the reply. Nothing when any of these fails, or when `method` is no link.
-    std::optional<ReplyBody> exchange(uint method, int command, const Payload &payload = Payload(),
-                                      FrameExt ext = kOrdinary);
-    // The same without the connection check and under a ladder of the caller's.
-    std::optional<ReplyBody> converse(uint method, int command, const Payload &payload, FrameExt ext,
-                                      const RetryLadder &ladder);
-    // The same again without the length test of the serial link.
-    std::optional<ReplyBody> attempt(uint method, int command, const Payload &payload, FrameExt ext,
-                                     const RetryLadder &ladder, const char *resultLog = nullptr);
+    // The three shapes, told at the head of this class, for a function as functions.h lays it out. Whether the unit answered.
+    bool readFunction(uint method, const UnitFunction &function);
+    void sendFunction(uint method, const UnitFunction &function);
+    bool restoreFunction(uint method, const UnitFunction &function);
+    bool restoreFunction(uint method, const UnitFunction &function, const Payload &payload);
+    // readFunction without the connection check and under a ladder of the caller's.
+    bool readWithoutCheck(uint method, const UnitFunction &function, const RetryLadder &ladder);
+
     bool linkReady(uint method);
     void loseLink();
     // Writes a frame, up to four times with sleeps between. After the fourth failure the link is lost.
     qint64 writeSerial(QByteArray &frame);
+    // writeSerial, `waitMs`, one read. What was written; nothing looks at the reply.
+    qint64 askSerial(QByteArray &frame, unsigned long waitMs, QByteArray &reply);
 
     QString greetUnit(uint method);
-    void takeVersions(const ReplyBody &reply, int at);
+    void takeVersions(const ReplyBody &reply);
     QString refreshStatusNetwork();
     QString refreshStatusSerial();
+    void takeCursorColor(const ReplyBody &reply);
+    void rememberBackColor();
     std::optional<ReplyBody> keyColorNetwork(const Payload &payload);
     std::optional<ReplyBody> autoKeySerial(const Payload &payload);
-
-    // One record each: `at` is where it begins, 3 in a reply of its own, further on in the automatic key's chain.
-    void takeOutputs(const ReplyBody &reply, int at);
-    void takeVideoOut(const ReplyBody &reply, int at);
-    void takeInputs(const ReplyBody &reply, int at);
-    void takeInputResolutions(const ReplyBody &reply, int at);
-    void takeCursorColor(const ReplyBody &reply, int at);
-    void takeBackColor(const ReplyBody &reply, int at);
-    void takeCKAngle(const ReplyBody &reply, int at);
-    void takeCKBWLevel(const ReplyBody &reply, int at);
-    static void storeStage(qkv720_enhancement &stage, bool enable, uint level, uint density, uint balance);
-    static void takeStage(qkv720_enhancement &stage, const ReplyBody &reply, int at);
-    void takeCKShadow(const ReplyBody &reply, int at);
-    void takeEdgeFix(const ReplyBody &reply, int at);
-    void takeCKSpillBright(const ReplyBody &reply, int at);
-    void takePPFGPostAmp(const ReplyBody &reply, int at);
-    void takePPFGRGBCorrect(const ReplyBody &reply, int at);
-    void takeBGBlur(const ReplyBody &reply, int at);
-    static void storeWindow(qkv720_gmwindow &window, bool enable, uint invert, uint left, uint right,
-                            uint top, uint bottom, uint border);
-    static void takeWindow(qkv720_gmwindow &window, const ReplyBody &reply, int at);
-    void takeAuxMode(const ReplyBody &reply, int at);
-    void takeLumaKey(const ReplyBody &reply, int at);
     void takeAutoKeyChain(const ReplyBody &chain);
 
-    const input *inputNumber(uint target) const;
-    const output *outputNumber(uint target) const;
+    // The record of a target number; null for any other number.
+    const input *inputOf(uint target) const;
+    const output *outputOf(uint target) const;
 
     QString targetIP;
     QTimer *timerCheckConnection; // never started: the link is checked on demand only

@@ -27,3 +27,11 @@ QByteArray *qkv720_DeviceControl(int command, int ext, int method, int paraByteL
     frame->append(static_cast<char>(sum & 0xFFU));
     return frame.release();
 }
+
+QByteArray frameOf(const Command &command, uint method)
+{
+    QByteArray data = command.payload.bytes();
+    const std::unique_ptr<QByteArray> frame(
+        qkv720_DeviceControl(command.code, command.ext, static_cast<int>(method), data.size(), &data));
+    return *frame;
+}

@@ -102,10 +102,25 @@ public:
         m_bytes.append(count, '\0');
         return *this;
     }
+    // Writes one byte over that of position `at`.
+    Payload &put(int at, uint value)
+    {
+        m_bytes[at] = static_cast<char>(value & 0xFFU);
+        return *this;
+    }
+    uint at(int position) const { return static_cast<uchar>(m_bytes.at(position)); }
     const QByteArray &bytes() const { return m_bytes; }
 
 private:
     QByteArray m_bytes;
+};
+
+// One request: the code, the data bytes behind it, and what the ext byte asks for.
+struct Command
+{
+    int code;
+    Payload payload = {};
+    FrameExt ext = kOrdinary;
 };
 
 // Forms a frame for link `method`. `command` and `ext` are cut to one byte; the first `paraByteLength` bytes of
@@ -113,3 +128,5 @@ private:
 // 1 or 2 gives an empty array. The caller owns the result.
 QByteArray *qkv720_DeviceControl(int command, int ext, int method, int paraByteLength,
                                  QByteArray *parameters);
+// The same as a value.
+QByteArray frameOf(const Command &command, uint method);

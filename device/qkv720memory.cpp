@@ -9,7 +9,7 @@
 
 void qkv720::loadMemory(uint method, uint index)
 {
-    if (!exchange(method, QKV720_GET_MEMORY, Payload().byte(index)))
+    if (!exchange(method, {QKV720_GET_MEMORY, Payload().byte(index)}))
         return;
     qDebug() << "After LOAD MEM:" << refreshStatus(method);
 }
@@ -17,7 +17,7 @@ void qkv720::loadMemory(uint method, uint index)
 void qkv720::saveMemory(uint method, uint index)
 {
     qDebug() << "Save Memory:" << index;
-    exchange(method, QKV720_SET_MEMORY, Payload().byte(index));
+    exchange(method, {QKV720_SET_MEMORY, Payload().byte(index)});
 }
 
 void qkv720::saveSetup(uint method)
@@ -25,7 +25,7 @@ void qkv720::saveSetup(uint method)
     // The socket is looked at and no more: this operation doesn't reconnect.
     if (method == kNetworkLink && hlnpObj->swiTcpSocket->state() == QTcpSocket::UnconnectedState)
         return;
-    if (!converse(method, QKV720_SAVESETUP, Payload(), kOrdinary, kStandardLadder))
+    if (!exchangeWithoutCheck(method, {QKV720_SAVESETUP}))
         return;
     refreshStatus(method);
 }

@@ -118,6 +118,13 @@ struct qkv720_color
     uint autoCk = 0; // 0 none, 1 AutoDef, 2 AutoBack
 };
 
+// What the spill default byte packs.
+enum : uint {
+    kSpillPresetBits = 0x07, // 0 low, 1 mid, 2 high
+    kSpillEnhanceOption = 0x08,
+    kSpillVividOption = 0x10,
+};
+
 // One enhancement stage: dark, bright or shadow. Shadow uses neither density nor balance.
 struct qkv720_enhancement
 {

@@ -20,8 +20,6 @@ serialPort::~serialPort()
     delete serial;
 }
 
-// The signature is given: the text is taken by value.
-// NOLINTNEXTLINE(performance-unnecessary-value-param)
 QString serialPort::openSerialPort(QString select)
 {
     qDebug() << "Serial Port:" << select;

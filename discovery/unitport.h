@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QtGlobal>
+
+// What the control link and discovery share: the unit listens on one port number for both, TCP and UDP.
+constexpr quint16 kUnitPort = 5002;
+// The longest that one wait of a socket lasts, for bytes to leave and for bytes to arrive.
+constexpr int kSocketWaitMs = 1000;
