@@ -7,10 +7,6 @@
 #include <QNetworkInterface>
 #include <QThread>
 
-int netCount = 0;
-QHostAddress udpsocketBindAddress;
-QString sameNetwork;
-
 namespace {
 
 constexpr int kReceiveBufferBytes = 4096;
@@ -140,18 +136,24 @@ void HLNP::scanSlot(QString cmd, int netcardIndex)
         // A part of the text is enough, and the walk goes on after a match: of 192.168.1.2 and 192.168.1.20
         // the one that comes last in the walk wins.
         if (item.contains(text))
-            bindToAdapter(address);
+            useAdapter(address);
     }
     qDebug() << "doScan in ScanSlot";
     scanDone = false;
     doScan();
 }
 
-void HLNP::bindToAdapter(const QHostAddress &address)
+// Port 0: the system chooses the panel's own port.
+bool HLNP::bindSocket(const QHostAddress &address)
+{
+    return udpSocket->bind(address, 0, QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint);
+}
+
+void HLNP::useAdapter(const QHostAddress &address)
 {
     if (udpSocket->state() == QAbstractSocket::BoundState)
         udpSocket->disconnectFromHost();
-    if (udpSocket->bind(address, 0, QUdpSocket::ShareAddress | QUdpSocket::ReuseAddressHint)) {
+    if (bindSocket(address)) {
         udpsocketBindAddress = address;
         qDebug() << "BroadCast bind IP:" << address;
     }

@@ -79,11 +79,6 @@ struct hlnp_device_info
 constexpr int kAllDeviceRows = 100;
 constexpr int kQkvDeviceRows = 10;
 
-// One hexadecimal digit, upper case: 0x00 to 0x0F give "0" to "F", any other value an empty string.
-QString Hex_to_Char(unsigned char dt);
-// Its inverse for the digits of either case; 0xFF for anything else.
-unsigned char Char_to_Hex(unsigned char *dt);
-
 // The order of the device tables: by the last octet of the IP address, as a number.
 bool seriesCompare(hlnp_device_info lhs, hlnp_device_info rhs);
 
@@ -93,6 +88,9 @@ bool findTMX500(QString hostname);
 bool findSwitcher(QString hostname);
 bool findCamera(QString hostname, QString macaddr);
 bool findQKV(QString hostname, QString macaddr);
+
+struct HlnpSetting;
+struct HlnpAddressSetting;
 
 // Discovery and remote network configuration. One instance lives for the whole process. Everything is
 // synchronous and blocks the calling thread; nothing is read from the UDP socket outside a call.
@@ -113,7 +111,7 @@ public:
 
     // The adapter lines; an index into them is the `netcardIndex` of a scan.
     QStringList netcardModels() const;
-    // Stores nothing; tells the count to the log and emits netcardModelsChanged().
+    // Stores nothing; logs the count and emits netcardModelsChanged().
     void setnetcardModels(QStringList nModel);
 
     // The addresses of the QKV-720 units of the latest scan, in the order of the rows of `qkvDevice`.
@@ -132,7 +130,7 @@ public:
     // Sends FWVER_REQ to the address and stores bytes 3 and 4 of the last datagram read as text in row 0's
     // `fwver`, whichever unit was asked. Up to 3.1 s. Dormant: no path of the panel calls it.
     void getFWVersion(QString targetDeviceIP);
-    // The model number of a switcher ("2410", "130" or "150"), told by the MAC of its network record.
+    // The model number of a switcher ("2410", "130" or "150"), by the MAC of its network record.
     QString checkMachineModelNameInfo(QByteArray buffer);
 
     // Keeps the form's values for the log and binds the UDP socket to the adapter if it is not bound yet.
@@ -224,20 +222,28 @@ signals:
     void hlnpResetDone();
 
 private:
-    struct ConfigCommand; // what sets one configuration command apart from the others
-
-    void bindToAdapter(const QHostAddress &address);
+    bool bindSocket(const QHostAddress &address);
+    void useAdapter(const QHostAddress &address);
     void emptyTables();
+    static void forgetNetwork(hlnp_network_info &network); // but for the firmware version
     int rowOfAddress(const QString &address) const;
-    bool broadcastToRow(int row, unsigned char code, const QByteArray &keyword);
-    void takeNetworkRecord(const QByteArray &buffer, const QString &sender, quint16 port);
+    // Broadcasts `code` for the unit of that row and collects; nothing when the row's MAC is not six groups.
+    void askRow(int row, unsigned char code);
+    // The dormant form of asking: each device of the table, with a wait and a second collection.
+    void askEachRow(void (HLNP::*ask)(QString));
+
+    // What each kind of datagram does.
+    void fileNetworkRecord(const QByteArray &buffer, const QString &sender, quint16 port);
     void fillRow(hlnp_device_info &row, const QByteArray &buffer);
-    void takeAcknowledgement(const QByteArray &buffer, const QString &sender);
-    void takeModel(const QByteArray &buffer, const QString &sender);
-    void takeModelName(const QByteArray &buffer, const QString &sender);
-    QString configure(const ConfigCommand &command, const QByteArray &datagram, const QString &targetDeviceIP,
-                      const QString &value);
-    QString setAddress(const ConfigCommand &command, const QString &targetDeviceIP, const QString &address);
+    void logRefusal(const QByteArray &buffer, const QString &sender);
+    void fileModel(const QByteArray &buffer, const QString &sender);
+    void fileModelName(const QByteArray &buffer, const QString &sender);
+
+    // One setting: `logged` is what its log line shows of the value.
+    QString configure(const HlnpSetting &setting, const QByteArray &datagram, const QString &targetDeviceIP,
+                      const QString &logged);
+    QString setAddress(const HlnpAddressSetting &setting, const QString &targetDeviceIP,
+                       const QString &address);
 
     QUdpSocket *udpSocket; // the only discovery socket, for sending and receiving
     QStringList qkvList; // `ipadd` of each row of qkvDevice, in the same order

@@ -2,40 +2,27 @@
 
 #include "discovery/hlnpstate.h"
 #include "discovery/hlnpwire.h"
+#include "discovery/unitport.h"
 
 #include <QDebug>
 #include <QThread>
 
 using namespace HlnpWire;
 
-int currentSelect = 0;
-int currentChannel = 0;
-QString selectedDevice;
-int returncount = 0;
-int debugScanDeviceCount = 0;
-int modelnameCount = 0;
-bool doingScan = false;
-bool commandReady = false;
-QTime doScanTime;
-int scanDoneCounter = 0;
-int foundTMX500Count = 0;
-int scan2whilecount = 0;
-int udpNACKcount = 0;
-int nackReturnCount = 0;
-int switcherindex = 0;
-int cameraindex = 0;
-bool fakeonce = false;
-
 namespace {
 
-constexpr int kWriteWaitMs = 1000;
-constexpr int kReadWaitMs = 1000;
 constexpr unsigned long kAnswerTimeMs = 500; // what the units get before the first read
 constexpr unsigned long kEmptyReadMs = 100;
 constexpr unsigned long kDormantModelMs = 300;
 constexpr unsigned long kDormantVersionMs = 200;
 constexpr int kForeignPortLimit = 666;
 constexpr int kAcknowledgementBytes = 5;
+
+const char *labelOf(unsigned char code)
+{
+    const Command *command = commandOf(code);
+    return command ? command->label : "";
+}
 
 } // namespace
 
@@ -51,11 +38,10 @@ void HLNP::doScan()
     doingScan = true;
     switcherIP.clear();
 
-    const qint64 written =
-        udpSocket->writeDatagram(request(0x000B, ToAll, EthReq, "ETH_REQ"), QHostAddress::Broadcast, kPort);
+    const qint64 written = udpSocket->writeDatagram(request(EthReq), QHostAddress::Broadcast, kUnitPort);
     doScanTime = QTime::currentTime();
     qDebug() << "Do Scan!" << doScanTime.msecsTo(QTime::currentTime()) << written;
-    udpSocket->waitForBytesWritten(kWriteWaitMs);
+    udpSocket->waitForBytesWritten(kSocketWaitMs);
     qDebug() << "udp pending (in doScan)" << udpSocket->pendingDatagramSize();
     QThread::msleep(kAnswerTimeMs);
     processDatagrams();
@@ -71,45 +57,35 @@ int HLNP::rowOfAddress(const QString &address) const
     return row;
 }
 
-bool HLNP::broadcastToRow(int row, unsigned char code, const QByteArray &keyword)
+void HLNP::askRow(int row, unsigned char code)
 {
-    const QString mac = allHlnpDevice[row].zcm.hlnpnetwork.macadd;
-    if (!isMac(mac))
-        return false;
-    const QByteArray body = macBytes(mac) + keyword;
-    udpSocket->writeDatagram(request(4 + body.size(), ToAll, code, body), QHostAddress::Broadcast, kPort);
-    udpSocket->waitForBytesWritten(kWriteWaitMs);
-    return true;
+    const hlnp_network_info &network = allHlnpDevice[row].zcm.hlnpnetwork;
+    if (!isMac(network.macadd))
+        return;
+    udpSocket->writeDatagram(request(code, macBytes(network.macadd)), QHostAddress::Broadcast, kUnitPort);
+    udpSocket->waitForBytesWritten(kSocketWaitMs);
+    selectedDevice = network.ipadd;
+    processDatagrams();
+    commandReady = false;
 }
 
 void HLNP::getModel(QString targetDeviceIP)
 {
-    const int row = rowOfAddress(targetDeviceIP);
-    if (!broadcastToRow(row, GetModel, "GET_MODEL"))
-        return;
-    selectedDevice = allHlnpDevice[row].zcm.hlnpnetwork.ipadd;
-    processDatagrams();
-    commandReady = false;
+    askRow(rowOfAddress(targetDeviceIP), GetModel);
 }
 
 void HLNP::getModelName(QString targetDeviceIP)
 {
-    const int row = rowOfAddress(targetDeviceIP);
-    currentSelect = row;
-    qDebug() << "Get Model Name" << row;
-    if (!broadcastToRow(row, GetModelName, "GET_MODEL_NAME"))
-        return;
-    selectedDevice = allHlnpDevice[row].zcm.hlnpnetwork.ipadd;
-    processDatagrams();
-    commandReady = false;
+    currentSelect = rowOfAddress(targetDeviceIP);
+    qDebug() << "Get Model Name" << currentSelect;
+    askRow(currentSelect, GetModelName);
 }
 
 void HLNP::getFWVersion(QString targetDeviceIP)
 {
-    udpSocket->writeDatagram(request(0x000D, ToOne, FwverReq, "FWVER_REQ"), QHostAddress(targetDeviceIP),
-                             kPort);
-    udpSocket->waitForBytesWritten(kWriteWaitMs);
-    udpSocket->waitForReadyRead(kReadWaitMs);
+    udpSocket->writeDatagram(request(FwverReq), QHostAddress(targetDeviceIP), kUnitPort);
+    udpSocket->waitForBytesWritten(kSocketWaitMs);
+    udpSocket->waitForReadyRead(kSocketWaitMs);
 
     QByteArray buffer(UDPBUFFERSIZE, '\0');
     for (int count = 0; count < kReadsPerCollection; ++count) {
@@ -144,13 +120,13 @@ void HLNP::processDatagrams()
         const bool isWhole = result == lengthField(buffer);
         const unsigned char code = byteAt(buffer, 3);
         if (isWhole && code == EthReq)
-            takeNetworkRecord(buffer, sender, port);
+            fileNetworkRecord(buffer, sender, port);
         else if (result == kAcknowledgementBytes)
-            takeAcknowledgement(buffer, sender);
+            logRefusal(buffer, sender);
         else if (isWhole && code == GetModel)
-            takeModel(buffer, sender);
+            fileModel(buffer, sender);
         else if (isWhole && code == GetModelName)
-            takeModelName(buffer, sender);
+            fileModelName(buffer, sender);
     }
 
     commandReady = true;
@@ -159,10 +135,10 @@ void HLNP::processDatagrams()
     emit setDebugMessage(QString::number(debugScanDeviceCount));
 }
 
-void HLNP::takeNetworkRecord(const QByteArray &buffer, const QString &sender, quint16 port)
+void HLNP::fileNetworkRecord(const QByteArray &buffer, const QString &sender, quint16 port)
 {
     ++debugScanDeviceCount;
-    if (port != kPort && ++returncount > kForeignPortLimit) {
+    if (port != kUnitPort && ++returncount > kForeignPortLimit) {
         cIP = sender;
         qDebug() << "Sender port is not 5002. ReturnCount :" << returncount;
         return;
@@ -178,9 +154,7 @@ void HLNP::takeNetworkRecord(const QByteArray &buffer, const QString &sender, qu
     // where the next record overwrites it.
     hlnp_device_info &row = allHlnpDevice[allHlnpindex];
     hlnp_network_info &network = row.zcm.hlnpnetwork;
-    const QString fwver = network.fwver;
-    network = hlnp_network_info();
-    network.fwver = fwver;
+    forgetNetwork(network);
     network.isdhcp = byteAt(buffer, DhcpAt) != 0;
     network.name = name;
     qDebug() << "allHlnpDevice Structure Clear index:" << allHlnpindex;
@@ -217,18 +191,18 @@ void HLNP::fillRow(hlnp_device_info &row, const QByteArray &buffer)
     currentChannel = 0;
 }
 
-void HLNP::takeAcknowledgement(const QByteArray &buffer, const QString &sender)
+void HLNP::logRefusal(const QByteArray &buffer, const QString &sender)
 {
-    // A refusal changes nothing; it is told to the log alone. An empty address is part of every sender's text.
+    // A refusal changes nothing and is only logged. An empty address is part of every sender's text.
     if (sender.contains(allHlnpDevice[currentSelect].zcm.hlnpnetwork.ipadd)
         && byteAt(buffer, AnswerAt) == Nack)
-        qDebug() << sender << " return Command: " << label(byteAt(buffer, 3)) << " NACK.";
+        qDebug() << sender << " return Command: " << labelOf(byteAt(buffer, 3)) << " NACK.";
 }
 
 // Replies find their row by the sender's address, and a part of its text is enough: what comes from
 // 192.168.1.100 is filed for 192.168.1.10 too.
 
-void HLNP::takeModel(const QByteArray &buffer, const QString &sender)
+void HLNP::fileModel(const QByteArray &buffer, const QString &sender)
 {
     qDebug() << "Sender IP:" << sender << currentSelect;
     qDebug() << "Device IP:" << allHlnpDevice[currentSelect].zcm.hlnpnetwork.ipadd;
@@ -243,7 +217,7 @@ void HLNP::takeModel(const QByteArray &buffer, const QString &sender)
     }
 }
 
-void HLNP::takeModelName(const QByteArray &buffer, const QString &sender)
+void HLNP::fileModelName(const QByteArray &buffer, const QString &sender)
 {
     ++modelnameCount;
     for (int i = 0; i < deviceCount; ++i) {
@@ -255,15 +229,20 @@ void HLNP::takeModelName(const QByteArray &buffer, const QString &sender)
     }
 }
 
+void HLNP::askEachRow(void (HLNP::*ask)(QString))
+{
+    for (int i = 0; i < deviceCount; ++i) {
+        (this->*ask)(allHlnpDevice[i].zcm.hlnpnetwork.ipadd);
+        QThread::msleep(kDormantModelMs);
+        processDatagrams();
+    }
+}
+
 void HLNP::onGetDeviceModel()
 {
     if (deviceCount <= 0)
         return;
-    for (int i = 0; i < deviceCount; ++i) {
-        getModel(allHlnpDevice[i].zcm.hlnpnetwork.ipadd);
-        QThread::msleep(kDormantModelMs);
-        processDatagrams();
-    }
+    askEachRow(&HLNP::getModel);
     emit zcmScanDone();
 }
 
@@ -271,11 +250,7 @@ void HLNP::onGetDeviceModelName()
 {
     if (deviceCount <= 0)
         return;
-    for (int i = 0; i < deviceCount; ++i) {
-        getModelName(allHlnpDevice[i].zcm.hlnpnetwork.ipadd);
-        QThread::msleep(kDormantModelMs);
-        processDatagrams();
-    }
+    askEachRow(&HLNP::getModelName);
     getModelVersionTimer->start();
 }
 

@@ -7,9 +7,6 @@
 
 #include <algorithm>
 
-int allHlnpindex = 0;
-int qkvindex = 0;
-
 namespace {
 
 bool holds(const QString &text, const char *part)
@@ -20,17 +17,6 @@ bool holds(const QString &text, const char *part)
 bool isQkv720(const hlnp_network_info &network)
 {
     return network.vid == QLatin1String("0588") && holds(network.pid, "1501");
-}
-
-void emptyRow(hlnp_device_info &row)
-{
-    hlnp_network_info &network = row.zcm.hlnpnetwork;
-    const QString fwver = network.fwver; // the firmware version survives a scan
-    network = hlnp_network_info();
-    network.fwver = fwver;
-    row.series = 0;
-    row.zcm.cameraModel.clear();
-    row.zcm.exist = false;
 }
 
 } // namespace
@@ -98,8 +84,21 @@ QStringList HLNP::qkvDeviceList() const
     return qkvList;
 }
 
+void HLNP::forgetNetwork(hlnp_network_info &network)
+{
+    const QString fwver = network.fwver;
+    network = hlnp_network_info();
+    network.fwver = fwver;
+}
+
 void HLNP::emptyTables()
 {
+    const auto emptyRow = [](hlnp_device_info &row) {
+        forgetNetwork(row.zcm.hlnpnetwork);
+        row.series = 0;
+        row.zcm.cameraModel.clear();
+        row.zcm.exist = false;
+    };
     qkvindex = 0;
     allHlnpindex = 0;
     deviceCount = 0;

@@ -1,7 +1,5 @@
 #include "discovery/hlnpwire.h"
 
-#include "discovery/hlnp.h"
-
 #include <QStringList>
 
 QString Hex_to_Char(unsigned char dt)
@@ -42,14 +40,26 @@ QString twoDigits(unsigned char value)
 
 } // namespace
 
-QByteArray request(int length, Type type, unsigned char code, const QByteArray &body)
+const Command *commandOf(unsigned char code)
 {
+    for (const Command &command : kCommands) {
+        if (command.code == code)
+            return &command;
+    }
+    return nullptr;
+}
+
+QByteArray request(unsigned char code, const QByteArray &mac, const QByteArray &value)
+{
+    const Command *command = commandOf(code);
     QByteArray datagram;
-    datagram.append(static_cast<char>((length >> 8) & 0xFF));
-    datagram.append(static_cast<char>(length & 0xFF));
-    datagram.append(static_cast<char>(type));
-    datagram.append(static_cast<char>(code));
-    return datagram + body;
+    if (!command)
+        return datagram;
+    datagram.append(static_cast<char>((command->length >> 8) & 0xFF));
+    datagram.append(static_cast<char>(command->length & 0xFF));
+    datagram.append(static_cast<char>(command->type));
+    datagram.append(static_cast<char>(command->code));
+    return datagram + mac + command->keyword + value;
 }
 
 int lengthField(const QByteArray &buffer)
@@ -121,42 +131,6 @@ bool isUsableAdapterAddress(const QString &text)
     const QStringList parts = text.split(QStringLiteral("."));
     return parts.size() == 4 && parts.first() != QLatin1String("169")
         && parts.first() != QLatin1String("127");
-}
-
-const char *label(unsigned char code)
-{
-    switch (code) {
-    case EthReq:
-        return "HLNP Scan ";
-    case FwverReq:
-        return "FW Version Request ";
-    case SetDhcpMode:
-        return "Set DHCP Mode ";
-    case SetIpAdr:
-        return "Set IP ";
-    case Reset:
-        return "Reset ";
-    case Bootloader:
-        return "Bootloader ";
-    case SetDhcpName:
-        return "Set DHCP Name ";
-    case SetMacAdr:
-        return "Set MAC ";
-    case SetNetmask:
-        return "Set NetMask ";
-    case SetGateway:
-        return "Set Gateway ";
-    case SetPriDns:
-        return "Set Primary DNS ";
-    case SetSecDns:
-        return "Set Second DNS ";
-    case GetModel:
-        return "Get Model VIDPID ";
-    case GetModelName:
-        return "Get ModelName ";
-    default:
-        return "";
-    }
 }
 
 } // namespace HlnpWire

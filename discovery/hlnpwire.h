@@ -1,8 +1,12 @@
 #pragma once
 
 #include <QByteArray>
-#include <QHostAddress>
 #include <QString>
+
+// One hexadecimal digit, upper case: 0x00 to 0x0F give "0" to "F", any other value an empty string.
+QString Hex_to_Char(unsigned char dt);
+// Its inverse for the digits of either case; 0xFF for anything else.
+unsigned char Char_to_Hex(unsigned char *dt);
 
 // The wire format of HLNP. Every datagram, both ways, begins with
 //
@@ -25,7 +29,6 @@
 //   43  4  secondary DNS
 namespace HlnpWire {
 
-constexpr quint16 kPort = 5002; // the units' port, for requests and as the source of replies
 constexpr int UDPBUFFERSIZE = 50; // a longer datagram is cut to this and then fails the length test
 constexpr int kReadsPerCollection = 11;
 
@@ -37,7 +40,7 @@ enum Code : unsigned char {
     SetDhcpMode = 0x02,
     SetIpAdr = 0x03,
     Reset = 0x04,
-    Bootloader = 0x08, // never sent; a log label alone
+    Bootloader = 0x08, // a unit's own; the panel only names it in the log
     SetDhcpName = 0x09,
     SetMacAdr = 0x0A,
     SetNetmask = 0x0B,
@@ -47,6 +50,34 @@ enum Code : unsigned char {
     GetModel = 0x40,
     GetModelName = 0x41,
 };
+
+// One request. Its keyword is empty where the panel never sends it.
+struct Command
+{
+    Code code;
+    Type type;
+    const char *keyword;
+    int length; // of the whole datagram, as its length field says
+    const char *label; // its name in the log
+};
+constexpr Command kCommands[] = {
+    {EthReq, ToAll, "ETH_REQ", 11, "HLNP Scan "},
+    {FwverReq, ToOne, "FWVER_REQ", 13, "FW Version Request "},
+    {SetDhcpMode, ToAll, "SET_DHCPMODE", 23, "Set DHCP Mode "},
+    {SetIpAdr, ToAll, "SET_IPADR", 27, "Set IP "},
+    {Reset, ToAll, "RESET", 15, "Reset "},
+    {Bootloader, ToAll, "", 0, "Bootloader "},
+    {SetDhcpName, ToOne, "SET_DHCPNAME", 32, "Set DHCP Name "},
+    {SetMacAdr, ToOne, "SET_MACADR", 20, "Set MAC "},
+    {SetNetmask, ToOne, "SET_NETMASK", 19, "Set NetMask "},
+    {SetGateway, ToOne, "SET_GATEWAY", 19, "Set Gateway "},
+    {SetPriDns, ToOne, "SET_PRIDNS", 18, "Set Primary DNS "},
+    {SetSecDns, ToOne, "SET_SECDNS", 18, "Set Second DNS "},
+    {GetModel, ToAll, "GET_MODEL", 19, "Get Model VIDPID "},
+    {GetModelName, ToAll, "GET_MODEL_NAME", 24, "Get ModelName "},
+};
+// The row of a code; null for a code outside the table.
+const Command *commandOf(unsigned char code);
 
 enum Answer : unsigned char { Ack = 0x06, Nack = 0x15 };
 
@@ -67,9 +98,10 @@ enum RecordOffset {
 
 constexpr int kHostNameBytes = 16;
 
-// Header, then `body`. The length field is given and not counted: it keeps its value when a host name with
-// characters outside ASCII makes the datagram longer.
-QByteArray request(int length, Type type, unsigned char code, const QByteArray &body);
+// Header, MAC (six bytes in a broadcast, none in ETH_REQ and in a request to one unit), keyword, value. The length field is
+// that of the table and is not counted: it keeps its value when a host name with characters outside ASCII makes the
+// datagram longer.
+QByteArray request(unsigned char code, const QByteArray &mac = {}, const QByteArray &value = {});
 int lengthField(const QByteArray &buffer);
 unsigned char byteAt(const QByteArray &buffer, int at);
 
@@ -90,8 +122,5 @@ QString textUpToZero(const QByteArray &buffer, int at, int most);
 
 // Whether the host's address is one that an adapter may be chosen by: dotted, not 127.x, not 169.x.
 bool isUsableAdapterAddress(const QString &text);
-
-// What a command is called in the log; empty for a code outside the table.
-const char *label(unsigned char code);
 
 } // namespace HlnpWire

@@ -1,6 +1,7 @@
 #include "datagrams.h"
 #include "discovery/hlnp.h"
 #include "discovery/hlnpstate.h"
+#include "discovery/hlnpwire.h"
 
 #include <QNetworkInterface>
 #include <QSignalSpy>
