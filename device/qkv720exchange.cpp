@@ -22,6 +22,27 @@ void logAttempt(const char *text, int result, size_t tries)
     const char *const failures[] = {"AAA:", "BBB:", "CCC:", "DDD:"};
     qDebug() << text << (result > 0 ? "EEE:" : failures[qMin<size_t>(tries, 3)]) << result;
 }
+
+// Waits for the bytes to leave. A connection that was refused meanwhile leaves them in the socket; at the next turn of
+// the event loop the toolkit would try to write them without a connection and say so on standard error. So they
+// are dropped here, and the socket stays open for the attempts that are left: these fail as quietly as this one.
+void pushOut(QTcpSocket &socket)
+{
+    socket.waitForBytesWritten(kSocketWaitMs);
+    if (socket.state() == QTcpSocket::UnconnectedState && socket.bytesToWrite() > 0) {
+        socket.abort();
+        socket.open(QIODevice::ReadWrite);
+    }
+}
+
+// A peer that sends without being asked leaves more in the system's buffers than the socket may hold. What has arrived
+// goes with the reply that it was taken for; a peer that never stops is left to the next exchange.
+void dropFlood(QTcpSocket &socket)
+{
+    constexpr int kMostReads = 256;
+    for (int i = 0; i < kMostReads && socket.waitForReadyRead(0); ++i)
+        socket.readAll();
+}
 } // namespace
 
 bool qkv720::linkReady(uint method)
@@ -114,11 +135,13 @@ int qkv720::hlnpIO(QByteArray *writebuff, QByteArray *readbuff)
         loseLink();
         return static_cast<int>(written);
     }
-    socket->waitForBytesWritten(kSocketWaitMs);
+    pushOut(*socket);
     QThread::msleep(replyWaitMs(*writebuff, kNetworkLink));
     socket->waitForReadyRead(kSocketWaitMs);
     // What has arrived by now is the reply: the parts of a split one are not assembled.
     *readbuff = socket->readAll();
+    if (readbuff->size() >= kSocketReadLimit)
+        dropFlood(*socket);
     if (readbuff->size() < kShortestReply) {
         loseLink();
         return -1;

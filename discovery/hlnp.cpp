@@ -2,6 +2,7 @@
 
 #include "discovery/hlnpstate.h"
 #include "discovery/hlnpwire.h"
+#include "discovery/unitport.h"
 
 #include <QDebug>
 #include <QNetworkInterface>
@@ -40,6 +41,7 @@ HLNP::HLNP(QObject *parent)
     , hlnpReadBuffer(2048, '\0')
     , sendBuffer(QByteArray::fromHex("0008000000000000"))
 {
+    swiTcpSocket->setReadBufferSize(kSocketReadLimit);
     connect(this, &HLNP::zcmScanDone, this, &HLNP::onZcmScanDone);
 
     // Set here, on the unbound socket. Set after a bind, a buffer this small would lose datagrams of a crowd.
