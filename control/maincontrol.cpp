@@ -1,9 +1,9 @@
 #include "control/maincontrol.h"
 
+#include "control/networkfields.h"
+#include "control/panelidentity.h"
+#include "control/settingsfile.h"
 #include "device/qkv720.h"
-#include "discovery/hlnp.h"
-#include "shell/qmltranslator.h"
-#include "shell/universalconst.h"
 
 #include <QDebug>
 #include <QThread>
@@ -12,6 +12,7 @@ bool didScan = false;
 bool iniExist = false;
 bool autoConnect = true;
 uint lastMemory = 1;
+QString mainCurrentLanguage;
 
 namespace {
 
@@ -39,7 +40,7 @@ mainControl::mainControl(QObject *parent)
     readSettings();
 
     // Nobody listens yet; the document asks for the same data again by connectPopup.
-    tellConnection();
+    emitSavedConnection();
 
     qkv720Obj = new qkv720;
     connect(qkv720Obj, &qkv720::connectionBroken, this, &mainControl::warnningConnectionBroken);
@@ -59,41 +60,28 @@ mainControl::~mainControl()
 void mainControl::readSettings()
 {
     // Without a parent and never deleted: it lives to the end of the process.
-    initSettings =
-        new QSettings(QStringLiteral(SETTINGS_PATH_FORMAT)
-                          .arg(QStringLiteral(ORG_NAME), QStringLiteral(APP_NAME), QStringLiteral(APP_NAME)),
-                      QSettings::IniFormat);
+    initSettings = new QSettings(settingsFilePath(), QSettings::IniFormat);
     initSettings->sync();
 
-    initSettings->beginGroup(QStringLiteral("setting"));
-    mainCurrentLanguage = initSettings->value(QStringLiteral("language"), QString()).toString();
-    initSettings->endGroup();
+    mainCurrentLanguage =
+        SettingsGroup(*initSettings, QStringLiteral("setting")).value("language").toString();
     qDebug() << "MainControl init (Language):" << mainCurrentLanguage;
 
-    const auto text = [this](const char *key) {
-        return initSettings->value(QLatin1String(key), QString()).toString();
-    };
-    initSettings->beginGroup(QStringLiteral("connection"));
-    initInterface = initSettings->value(QStringLiteral("interface"), QStringLiteral("1")).toInt();
-    initNetcard = text("netcard");
-    initSerialPort = text("serialport");
-    initDhcpMode = initSettings->value(QStringLiteral("dhcpmode")).toBool();
-    initIpaddr = text("ipaddress");
+    {
+        const SettingsGroup group(*initSettings, QStringLiteral("connection"));
+        initInterface = group.value("interface", QStringLiteral("1")).toInt();
+        initNetcard = group.value("netcard").toString();
+        initSerialPort = group.value("serialport").toString();
+        initDhcpMode = group.value("dhcpmode").toBool();
+        for (const NetworkField &field : kNetworkFields)
+            this->*field.saved = group.value(field.key).toString();
+    }
     iniExist = !initIpaddr.isEmpty();
-    initHostname = text("hostname");
-    initMac = text("mac");
-    initGateway = text("gateway");
-    initMask = text("mask");
-    initPrimDns = text("primarydns");
-    initSecDns = text("seconddns");
-    initSettings->endGroup();
     qDebug() << "MainControl init (Read from QSettings):" << initInterface << initNetcard << initSerialPort
              << initDhcpMode << initIpaddr << initHostname << initMac << initGateway << initMask
              << initPrimDns << initSecDns;
 
-    initSettings->beginGroup(QStringLiteral("last_info"));
-    lastMemory = initSettings->value(QStringLiteral("memory"), 1).toUInt();
-    initSettings->endGroup();
+    lastMemory = SettingsGroup(*initSettings, QStringLiteral("last_info")).value("memory", 1).toUInt();
     qDebug() << "MainControl init (Read from QSettings): Memory =" << lastMemory;
 }
 

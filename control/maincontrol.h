@@ -1,5 +1,6 @@
 #pragma once
 
+#include "control/panelstate.h"
 #include "device/qkv720state.h"
 
 #include <QObject>
@@ -12,27 +13,17 @@ class QColor;
 class qkv720;
 struct hlnp_network_info;
 
-// A scan stands behind the present device table: decides what deviceConnect stores and whether connectPopup
-// tells the saved connection. autoRun sets it after its scan whatever the scan said.
-extern bool didScan;
-// The settings file held an address when the facade was made. Never changes afterwards.
-extern bool iniExist;
-// Written by autoRun, read by nothing.
-extern bool autoConnect;
-// The last user memory, 1 to 8.
-extern uint lastMemory;
-
 // The one object that the interface talks to, published to QML as `mainObject`. It owns the device
 // object, reads and writes the settings file, runs the status poll, and turns each device operation into
 // the signals that the pages listen to.
 //
 // All of it runs on the main thread, and every operation that talks to the unit blocks until the device
-// object is done. Unless told otherwise such an operation returns at once when no link is up, stops the
+// object is done. Unless noted otherwise such an operation returns at once when no link is up, stops the
 // poll, does its work, and starts the poll again if the link still stands, so that a poll never falls due
-// within a period after a user action. "get" reads the unit and tells the interface, "set" sends and
-// tells nothing, "reset" has the unit restore its defaults and tells them. Nothing reports a failure by
-// itself: a lost link shows at the next tick of the poll, and the signals repeat the values that the
-// device object holds.
+// within a period after a user action. "get" reads the unit and emits what it read, "set" sends and
+// emits nothing, "reset" has the unit restore its defaults and emits them. No operation returns whether
+// the unit answered: a link that breaks emits `warning` as soon as the device object notices, and after
+// a failed read the signals repeat the values that the device object holds.
 class mainControl : public QObject
 {
     Q_OBJECT
@@ -123,19 +114,18 @@ public slots:
     void doPreprocess(); // lists the adapters once more; nothing calls it
 
     // The automatic connection, once after start: scans and connects when a connection was saved and the
-    // unit still agrees with it, else tells the interface what is amiss and leaves the choice to the
-    // operator.
+    // unit still agrees with it, else reports what is amiss and leaves the choice to the operator.
     void autoRun();
 
-    // Tells the saved connection to the interface unless a scan was made. `method` counts from 0 here: 0
+    // Emits the saved connection unless a scan was made. `method` counts from 0 here: 0
     // network, 1 serial. With a link up it also becomes the saved method in memory, and `netcard` the
     // chosen adapter.
     void connectPopup(int method, int netcard);
 
-    // Opens link `method` to `select` (address or port name), reads the whole unit, tells every page,
-    // stores the connection and starts the poll. "OK", or the device object's words for the operator;
-    // then the poll is stopped and nothing was stored. selectedNetcardIndex counts for the network link
-    // alone.
+    // Opens link `method` to `select` (address or port name), reads the whole unit, refreshes every page,
+    // stores the connection and starts the poll. Returns "OK", or the device object's words for the
+    // operator; then the poll is stopped and nothing was stored. selectedNetcardIndex is used for the
+    // network link alone.
     QString deviceConnect(uint method, QString select, uint selectedNetcardIndex);
 
     // Stops the poll and closes the link. No signal: the operator asked for it.
@@ -149,7 +139,7 @@ public slots:
 
     // ---- Poll -------------------------------------------------------------------------------------------
 
-    // One tick: reads the output standard and the input resolutions and tells them; warns when the link
+    // One tick: reads the output standard and the input resolutions and emits them; warns when the link
     // is gone.
     void refreshStatus();
 
@@ -163,9 +153,9 @@ public slots:
 
     // The output resolution as read now, 0 without a link.
     int getVideoOutRes();
-    // Sets the output standard (2 s) and tells what the unit took.
+    // Sets the output standard (2 s) and emits what the unit accepted.
     void setVOut(uint resIndex, uint colorFormatIndex, uint std);
-    // Routes the four outputs. Tells nothing: the interface shows what it sent.
+    // Routes the four outputs. Emits nothing: the interface shows what it sent.
     void setOutSelect(uint pgmSource, bool pgmLock, bool pgmMirror, uint pvwSource, bool pvwLock,
                       bool pvwMirror, uint pgmhdmiSource, bool pgmhdmiLock, bool pgmhdmiMirror,
                       uint pvwhdmiSource, bool pvwhdmLiock, bool pvwhdmiMirror);
@@ -181,12 +171,12 @@ public slots:
 
     // Reads the colour under the cursor and uses none of its arguments. Nothing calls it.
     void refreshCursor(uint x, uint y, uint r, uint g, uint b, uint h, uint s, uint i, uint autoCK);
-    // Moves the cursor (cursor_control 3, 0 takes it away) and emits refreshBKColorPicker with what it
-    // sees.
+    // Moves the cursor (cursor_control 3 shows it, 0 hides it) and emits refreshBKColorPicker with the
+    // colour under it.
     void setCursorData(uint cursor_control, uint x, uint y);
     void getBKColor();
     // Sets the key colour; 999, 999, 999 stands for the colour last picked. autock 0 reads colour, angle
-    // and levels back; 1 AutoDef and 2 AutoBack tell what the unit worked out (seconds).
+    // and levels back; 1 AutoDef and 2 AutoBack emit what the unit worked out (seconds).
     void setBKColor(uint r, uint g, uint b, uint autock);
     // The same from a colour's text, with its 8-bit numbers sent unscaled and no read-back.
     void setBKColor(QString color, uint autoCK);
@@ -252,17 +242,18 @@ public slots:
 
     // ---- Memory and setup -------------------------------------------------------------------------------
 
-    // Recalls user memory `index` (0 is the factory reset), reads the whole unit back and tells every page.
-    // Blocks for 2600 ms and the exchanges. Remembers the memory, the factory reset as 1.
+    // Recalls user memory `index` (0 is the factory reset), reads the whole unit back and refreshes every
+    // page. Blocks for 2600 ms and the exchanges. Stores the index as the last memory, the factory reset
+    // as 1.
     void loadMemory(uint index);
-    // Remembers the memory, then has the unit store its settings there.
+    // Stores the index as the last memory, then has the unit save its settings there.
     void saveMemory(uint index);
-    // Has the unit keep its setup and tells the output standard.
+    // Has the unit keep its setup and emits the output standard.
     void saveSetup();
 
     // ---- Network settings of the unit -------------------------------------------------------------------
     // All stop the poll and leave it stopped. They return "OK" for an ACK and for silence alike, "NACK",
-    // or words for the operator. The mode numbers are those of the form: 0 DHCP, 1 fixed address.
+    // or a message for the operator. The mode numbers are those of the form: 0 DHCP, 1 fixed address.
 
     // The whole form: checks it, stores it, and sends the unit what differs from row ipSelectIndex of the
     // last scan. The last command alone decides the result. Marks fields by markHLNPDataRed.
@@ -284,7 +275,8 @@ public slots:
     QString hlnpSetNetmask(QString currentNetcardIP, QString targetDeviceIP, QString content);
     QString hlnpSetPrimDNS(QString currentNetcardIP, QString targetDeviceIP, QString content);
     QString hlnpSetSecDNS(QString currentNetcardIP, QString targetDeviceIP, QString content);
-    // Hands the form to the discovery object, which binds its socket if it has no address yet. Always 1.
+    // Passes the form on to the discovery object, which binds its socket if it has no address yet.
+    // Always 1.
     int initHLNPConfig(int dhcpIndex, QString txtMacaddr, QString currentNetCardIP, QString txtIPAddr,
                        QString txtHostname, QString txtNetmask, QString txtGateway, QString txtPrimdns,
                        QString txtSecdns);
@@ -353,45 +345,55 @@ signals:
 
 private:
     class PollPause;
-    struct NetworkForm;
-    struct SaveOutcome;
-    // How one of the two colour signals is told: the colour for drawing and the numbers beside it.
+    class NetworkSave;
+    struct AddressSetting;
+    // Emits a refresh signal, or several, from the fields of the device object.
+    using Tell = void (mainControl::*)();
+    // When an operation tells the interface. All of it happens on one thread: the two differ in the order
+    // of events alone, and that order is fixed operation by operation.
+    enum Order { BeforeRestart, AfterRestart };
     using ColorSignal = void (mainControl::*)(QString, int, int, int, int, qreal, qreal);
+
+    // Under a pause of the poll: `call(device object, link method)`, then `tell` before or after the poll
+    // runs again. Nothing without a link.
+    template <typename Call>
+    void operate(Call call, Tell tell, Order order);
+    // The same for an operation that tells nothing; `arguments` follow the link method.
+    template <typename Call, typename... Arguments>
+    void forward(Call call, Arguments... arguments);
 
     void readSettings();
     void setPollInterval();
     void startPollIfConnected();
 
+    void makeMissingDevice(const char *log);
+
     void autoRunNetwork();
     void autoRunSerial();
     bool findSavedNetcard();
     bool findSavedUnit();
-    bool agreesWithSaved(const hlnp_network_info &found) const;
-    void markDifferences(const hlnp_network_info &found);
+    bool markDifferences(const hlnp_network_info &found);
+    void readWholeUnit();
     void storeConnection(uint method, const QString &select, uint selectedNetcardIndex);
-    void storeFoundUnit(const hlnp_network_info &unit);
-    void tellWholeUnit();
+    void storeLastMemory(uint index);
 
     // The unit at `index` of the last scan; an empty record for an index outside the table.
     const hlnp_network_info &foundUnit(int index) const;
-    void checkForm(const NetworkForm &form, SaveOutcome &outcome);
-    void storeForm(const NetworkForm &form, const QString &netcardText);
-    void saveFixedAddress(const NetworkForm &form, const hlnp_network_info &before, SaveOutcome &outcome);
-    void saveDhcp(const NetworkForm &form, const hlnp_network_info &before, SaveOutcome &outcome);
-    // Files the result of one command of a save; mark 0 is none.
-    void settle(SaveOutcome &outcome, const QString &result, int mark);
-    void storeSetting(const QString &key, const QVariant &value);
+    QString setAddress(const AddressSetting &setting, const QString &currentNetcardIP,
+                       const QString &targetDeviceIP, const QString &content);
 
-    // Each tells the device object's fields as they stand.
-    void tellConnection();
-    void tellSavedUnit();
+    void emitSavedConnection();
+    void emitSavedUnit();
+    void emitColor(ColorSignal signal, const QColor &drawn, int r, int g, int b);
+
     void tellVOut();
     void tellOutputs();
     void tellInputResolution();
     void tellInputSource();
     void tellInputFreeze();
     void tellGenlock();
-    void tellColor(ColorSignal told, const QColor &drawn, int r, int g, int b);
+    void tellVideo(); // the six above
+    void tellKeyColor();
     void tellPickedColor();
     void tellCKAngle();
     void tellCKBWLevel();
@@ -407,7 +409,6 @@ private:
     void tellAuxMode();
     void tellBGBlur();
     void tellLumaKey();
-    void rememberMemory(uint index);
 
     qkv720 *qkv720Obj = nullptr;
 };

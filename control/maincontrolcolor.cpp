@@ -9,8 +9,8 @@ namespace {
 
 constexpr unsigned long kBetweenColorStepsMs = 100;
 
-// The unit's scale of 0 to 1000 to 8 bits, truncating and unclamped: a count of 1004 and above makes a
-// colour that is invalid, and is told as such.
+// The unit's scale of 0 to 1000 to 8 bits, truncating and unclamped: a count of 1004 and above makes an
+// invalid colour, and is emitted as one.
 int toEightBits(int count)
 {
     return count * 255 / 1000;
@@ -21,17 +21,31 @@ QColor toScreen(int r, int g, int b)
     return {toEightBits(r), toEightBits(g), toEightBits(b), 255};
 }
 
+void logPickedColor(const qkv720 &unit)
+{
+    const QColor drawn = toScreen(unit.tempR, unit.tempG, unit.tempB);
+    qDebug() << "Refresh Pick Color String: " << drawn.name() << unit.tempR << unit.tempG << unit.tempB
+             << drawn.hslHue() << drawn.hslSaturationF() << drawn.lightnessF();
+}
+
 } // namespace
 
 // Hue, saturation and lightness come from the truncated 8-bit colour, the numbers beside them from the unit.
-void mainControl::tellColor(ColorSignal told, const QColor &drawn, int r, int g, int b)
+void mainControl::emitColor(ColorSignal signal, const QColor &drawn, int r, int g, int b)
 {
-    emit(this->*told)(drawn.name(), r, g, b, drawn.hslHue(), drawn.hslSaturationF(), drawn.lightnessF());
+    emit(this->*signal)(drawn.name(), r, g, b, drawn.hslHue(), drawn.hslSaturationF(), drawn.lightnessF());
+}
+
+void mainControl::tellKeyColor()
+{
+    const qkv720_color &color = qkv720Obj->ckBackColor;
+    emitColor(&mainControl::refreshBKColorAdjust, toScreen(color.r, color.g, color.b), color.r, color.g,
+              color.b);
 }
 
 void mainControl::tellPickedColor()
 {
-    tellColor(&mainControl::refreshBKColorPicker,
+    emitColor(&mainControl::refreshBKColorPicker,
               toScreen(qkv720Obj->tempR, qkv720Obj->tempG, qkv720Obj->tempB), qkv720Obj->tempR,
               qkv720Obj->tempG, qkv720Obj->tempB);
 }
@@ -39,40 +53,32 @@ void mainControl::tellPickedColor()
 void mainControl::refreshCursor(uint /*x*/, uint /*y*/, uint /*r*/, uint /*g*/, uint /*b*/, uint /*h*/,
                                 uint /*s*/, uint /*i*/, uint /*autoCK*/)
 {
-    PollPause pause(*this);
-    if (!pause)
-        return;
-    qkv720Obj->getCursor(currentConnectMethod);
+    forward(&qkv720::getCursor);
 }
 
 void mainControl::setCursorData(uint cursor_control, uint x, uint y)
 {
-    PollPause pause(*this);
-    if (!pause)
-        return;
-    qDebug() << "SetCursorData:" << x << y;
-    qkv720Obj->setCursor(currentConnectMethod, cursor_control, x, y);
-    qDebug() << "Refresh Pick Color:" << qkv720Obj->tempR << qkv720Obj->tempG << qkv720Obj->tempB;
-    const QColor drawn = toScreen(qkv720Obj->tempR, qkv720Obj->tempG, qkv720Obj->tempB);
-    qDebug() << "Refresh Pick Color String: " << drawn.name() << qkv720Obj->tempR << qkv720Obj->tempG
-             << qkv720Obj->tempB << drawn.hslHue() << drawn.hslSaturationF() << drawn.lightnessF();
-    pause.end();
-    // Told also after a failed call, from the colour seen last.
-    tellPickedColor();
+    // After a failed call the colour seen last is emitted.
+    operate(
+        [=](qkv720 &unit, uint method) {
+            qDebug() << "SetCursorData:" << x << y;
+            unit.setCursor(method, cursor_control, x, y);
+            qDebug() << "Refresh Pick Color:" << unit.tempR << unit.tempG << unit.tempB;
+            logPickedColor(unit);
+        },
+        &mainControl::tellPickedColor, AfterRestart);
 }
 
 void mainControl::getBKColor()
 {
-    PollPause pause(*this);
-    if (!pause)
-        return;
-    // A failed read returns a record without data, so the stored colour is told in either case.
-    qkv720Obj->getBackColor(currentConnectMethod);
-    const qkv720_color color = qkv720Obj->ckBackColor;
-    const QColor drawn = toScreen(color.r, color.g, color.b);
-    qDebug() << "GetBKColorstring:" << drawn.name();
-    pause.end();
-    tellColor(&mainControl::refreshBKColorAdjust, drawn, color.r, color.g, color.b);
+    // A failed read returns a record without data, so the stored colour is emitted in either case.
+    operate(
+        [](qkv720 &unit, uint method) {
+            unit.getBackColor(method);
+            const qkv720_color &color = unit.ckBackColor;
+            qDebug() << "GetBKColorstring:" << toScreen(color.r, color.g, color.b).name();
+        },
+        &mainControl::tellKeyColor, AfterRestart);
 }
 
 void mainControl::setBKColor(uint r, uint g, uint b, uint autock)
@@ -83,12 +89,9 @@ void mainControl::setBKColor(uint r, uint g, uint b, uint autock)
     qDebug() << "SetBKCOlor Begin: " << r << g << b;
     qkv720Obj->setBackColor(currentConnectMethod, static_cast<quint16>(r), static_cast<quint16>(g),
                             static_cast<quint16>(b), autock);
-    const qkv720_color &color = qkv720Obj->ckBackColor;
-    const QColor tempRGB = toScreen(color.r, color.g, color.b);
-
     if (autock != 0) {
-        // The unit's long answer has brought all of these; nothing is read again.
-        tellColor(&mainControl::refreshBKColorAdjust, tempRGB, color.r, color.g, color.b);
+        // The unit's long reply has brought all of these; nothing is read again.
+        tellKeyColor();
         tellCKAngle();
         tellCKBWLevel();
         tellCKDark();
@@ -98,12 +101,14 @@ void mainControl::setBKColor(uint r, uint g, uint b, uint autock)
         return;
     }
 
-    // The colour is told twice: as the unit holds it, then as it was set.
+    // The colour is emitted twice: as the unit holds it, then with the text of what was set.
+    const qkv720_color &color = qkv720Obj->ckBackColor;
+    const QColor tempRGB = toScreen(color.r, color.g, color.b);
     getBKColor();
     qDebug() << "SetBKCOlor End: " << tempRGB.name();
-    tellColor(&mainControl::refreshBKColorAdjust, tempRGB, color.r, color.g, color.b);
-    QThread::msleep(kBetweenColorStepsMs);
+    emitColor(&mainControl::refreshBKColorAdjust, tempRGB, color.r, color.g, color.b);
     // A new key colour makes the unit change its angle and levels as well.
+    QThread::msleep(kBetweenColorStepsMs);
     uint left = 0;
     uint right = 0;
     qkv720Obj->getCKAngle(currentConnectMethod, &left, &right);
@@ -125,8 +130,7 @@ void mainControl::setBKColor(QString color, uint autoCK)
         return;
     qDebug() << "SetBKCOlor String: " << color;
     const QColor tempRGB(color);
-    // The 8-bit numbers go out unscaled, so this sets a quarter of full scale at most. The colour dialog
-    // works with exactly this.
+    // The 8-bit numbers go out unscaled, so this sets a quarter of full scale at most (docs/oddities.md).
     qkv720Obj->setBackColor(currentConnectMethod, static_cast<quint16>(tempRGB.red()),
                             static_cast<quint16>(tempRGB.green()), static_cast<quint16>(tempRGB.blue()),
                             autoCK);
@@ -137,13 +141,11 @@ void mainControl::setBKColor(QString color, uint autoCK)
 
 void mainControl::resetBKColor()
 {
-    PollPause pause(*this);
+    const PollPause pause(*this);
     if (!pause)
         return;
     qkv720Obj->resetBackColor(currentConnectMethod);
-    const QColor drawn = toScreen(qkv720Obj->tempR, qkv720Obj->tempG, qkv720Obj->tempB);
-    qDebug() << "Refresh Pick Color String: " << drawn.name() << qkv720Obj->tempR << qkv720Obj->tempG
-             << qkv720Obj->tempB << drawn.hslHue() << drawn.hslSaturationF() << drawn.lightnessF();
+    logPickedColor(*qkv720Obj);
     // Through the picker's signal: the adjuster does not follow a reset by itself.
     tellPickedColor();
     QThread::msleep(kBetweenColorStepsMs);

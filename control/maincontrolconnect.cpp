@@ -1,7 +1,8 @@
 #include "control/maincontrol.h"
 
+#include "control/networkfields.h"
+#include "control/settingsfile.h"
 #include "device/qkv720.h"
-#include "discovery/hlnp.h"
 
 #include <QDebug>
 #include <QThread>
@@ -15,150 +16,50 @@ constexpr int kNoLinkMethod = 999; // leaves the interface's choice of the link 
 constexpr unsigned long kAfterDisconnectMs = 200;
 constexpr unsigned long kBeforeModelsMs = 500;
 
-// The opening bracket and the address of an adapter entry "[address] name".
-QString adapterAddress(const QString &entry)
-{
-    return entry.section(QLatin1Char(']'), 0, 0);
-}
-
 } // namespace
 
-void mainControl::tellConnection()
+void mainControl::emitSavedConnection()
 {
     emit refreshConnection(initInterface, initSerialPort, initNetcard, initDhcpMode, initIpaddr, initHostname,
                            initMac, initGateway, initMask, initPrimDns, initSecDns);
 }
 
-void mainControl::tellSavedUnit()
+void mainControl::emitSavedUnit()
 {
     emit refreshConnectionData(kNoLinkMethod, initNetcard, initDhcpMode, initHostname, initIpaddr, initMac,
                                initGateway, initMask, initPrimDns, initSecDns);
 }
 
-// ---- The automatic connection -----------------------------------------------------------------------------
-
-void mainControl::autoRun()
-{
-    if (!iniExist) {
-        connectPopup(0, 0);
-        qDebug() << "ini is empty";
-        return;
-    }
-    if (initInterface == static_cast<int>(kNetworkLink))
-        autoRunNetwork();
-    else if (initInterface == static_cast<int>(kSerialLink))
-        autoRunSerial();
-}
-
-void mainControl::autoRunNetwork()
-{
-    if (findSavedNetcard()) {
-        qDebug() << "ini exists and auto do Scan";
-        hlnpScan(QStringLiteral("scan"), selectedNetcard);
-        // Whatever the scan said: its table is what stands from now on.
-        didScan = true;
-    } else {
-        qDebug() << "ini exists and netcard not exist";
-        emit autoConnectResult(tr("Previous selected netcard") + initNetcard + tr("is not existing."));
-    }
-
-    tellSavedUnit();
-    if (findSavedUnit())
-        return;
-    if (initDhcpMode)
-        qDebug() << "ini exists and it is DHCP mode";
-}
-
-bool mainControl::findSavedNetcard()
-{
-    const QString iniNetCheck = adapterAddress(initNetcard);
-    bool netCheckOK = false;
-    // No early exit: of several matches the last one counts. An empty saved text is contained in every entry.
-    for (int i = 0; i < netcardList.size(); ++i) {
-        if (!adapterAddress(netcardList.at(i)).contains(iniNetCheck, Qt::CaseInsensitive))
-            continue;
-        netCheckOK = true;
-        selectedNetcard = i;
-    }
-    return netCheckOK;
-}
-
-bool mainControl::findSavedUnit()
-{
-    bool dataNotMatch = false;
-    for (int i = 0; i < kQkvDeviceRows; ++i) {
-        const hlnp_network_info &found = foundUnit(i);
-        if (initMac != found.macadd) {
-            autoConnect = false;
-            if (i == kQkvDeviceRows - 1 && !dataNotMatch) {
-                qDebug() << "ini exists and MAC not found" << initMac << found.macadd << found.ipadd;
-                emit autoConnectResult(tr("Previous device MAC address ") + initMac + tr("\nis not found."));
-            }
-            continue;
-        }
-        if (!agreesWithSaved(found)) {
-            // An empty saved MAC agrees with every empty row, so this may be told ten times.
-            markDifferences(found);
-            emit autoConnectResult(tr("Saved device info is not match.\nPlease scan again to refresh."));
-            qDebug() << "ini exists and StaticIP device info is not match";
-            dataNotMatch = true;
-            continue;
-        }
-        autoConnect = true;
-        emit markHLNPDataRed(0);
-        emit autoConnectResult(deviceConnect(kNetworkLink, initIpaddr, static_cast<uint>(selectedNetcard)));
-        qDebug() << "ini exists and StaticIP auto connect";
-        tellSavedUnit();
-        return true;
-    }
-    return false;
-}
-
-// The DHCP flag is no part of the comparison: the saved address decides, as for a fixed one.
-bool mainControl::agreesWithSaved(const hlnp_network_info &found) const
-{
-    return initIpaddr == found.ipadd && initHostname == found.name && initGateway == found.gatewayadd
-        && initMask == found.maskadd && initPrimDns == found.primdnsadd && initSecDns == found.secdnsadd;
-}
-
-void mainControl::markDifferences(const hlnp_network_info &found)
-{
-    if (initIpaddr != found.ipadd)
-        emit markHLNPDataRed(1);
-    if (initHostname != found.name)
-        emit markHLNPDataRed(2);
-    if (initGateway != found.gatewayadd)
-        emit markHLNPDataRed(3);
-    if (initMask != found.maskadd)
-        emit markHLNPDataRed(4);
-    if (initPrimDns != found.primdnsadd)
-        emit markHLNPDataRed(5);
-    if (initSecDns != found.secdnsadd)
-        emit markHLNPDataRed(6);
-}
-
-void mainControl::autoRunSerial()
-{
-    bool comCheckOK = false;
-    // No early exit here either: the last match counts.
-    for (int i = 0; i < serialNameList.size(); ++i) {
-        qDebug() << "com vs serialList" << serialNameList.at(i) << initSerialPort;
-        if (!serialNameList.at(i).contains(initSerialPort, Qt::CaseInsensitive))
-            continue;
-        comCheckOK = true;
-        selectedCom = i;
-    }
-
-    if (comCheckOK) {
-        emit autoConnectResult(deviceConnect(kSerialLink, initSerialPort, 0));
-        connectPopup(1, selectedCom);
-    } else {
-        connectPopup(1, 0);
-    }
-    qDebug() << "ini exists and com check OK";
-}
-
 // ---- The connection panel ---------------------------------------------------------------------------------
+
+// There is one from the constructor on.
+void mainControl::makeMissingDevice(const char *log)
+{
+    if (qkv720Obj)
+        return;
+    qDebug() << log;
+    qkv720Obj = new qkv720;
+}
+
+QStringList mainControl::getSerialNameList()
+{
+    makeMissingDevice("[getSerialNameList] New qkv720Obj");
+    serialNameList = qkv720Obj->getSerialInfoList();
+    return serialNameList;
+}
+
+QStringList mainControl::getNetcardList()
+{
+    makeMissingDevice("[getNetcardList] New qkv720Obj");
+    netcardList = qkv720Obj->getHLNPNetcardList();
+    return netcardList;
+}
+
+QStringList mainControl::getIPSelectList()
+{
+    ipSelectList = qkv720Obj->getHLNPDeviceList();
+    return ipSelectList;
+}
 
 void mainControl::connectPopup(int method, int netcard)
 {
@@ -168,7 +69,7 @@ void mainControl::connectPopup(int method, int netcard)
         selectedNetcard = netcard;
     }
     if (!didScan)
-        tellConnection();
+        emitSavedConnection();
     qDebug() << "MainControl connectPopup:" << didScan << initInterface << initSerialPort << initNetcard
              << initDhcpMode << initIpaddr << initHostname << initMac << initGateway << initMask
              << initPrimDns << initSecDns;
@@ -218,7 +119,7 @@ QString mainControl::deviceConnect(uint method, QString select, uint selectedNet
     QString ret = qkv720Obj->connectDevice(method, select);
     if (ret == QLatin1String("OK")) {
         currentConnectMethod = method;
-        tellWholeUnit();
+        readWholeUnit();
         storeConnection(method, select, selectedNetcardIndex);
         // The getters have stopped and started the poll on their own; this choice is what counts.
         setPollInterval();
@@ -228,7 +129,7 @@ QString mainControl::deviceConnect(uint method, QString select, uint selectedNet
     return ret;
 }
 
-void mainControl::tellWholeUnit()
+void mainControl::readWholeUnit()
 {
     const QString fwversion = qkv720Obj->getFWVersion();
     const QString fpgaversion = qkv720Obj->getFPGAVersion();
@@ -238,12 +139,7 @@ void mainControl::tellWholeUnit()
 
     const video_out vv = getVOut();
     qDebug() << "ShowVout (deviceConnect)" << vv.res << vv.colorspace << vv.std;
-    tellVOut();
-    tellOutputs();
-    tellInputResolution();
-    tellInputSource();
-    tellInputFreeze();
-    tellGenlock();
+    tellVideo();
     qDebug() << "Page Input Info:" << qkv720Obj->getInputRes(1) << qkv720Obj->getInputRes(2)
              << qkv720Obj->getInputRes(3) << qkv720Obj->getInputRes(4) << qkv720Obj->genlockStatus
              << qkv720Obj->getInputSource(1) << qkv720Obj->getInputSource(2) << qkv720Obj->getInputSource(3)
@@ -262,7 +158,8 @@ void mainControl::tellWholeUnit()
     getPPFGRGBCorrect();
     getBGBlur();
     getWindow();
-    // The luma key comes before the holdout window here; a recall reads them the other way round.
+    // The luma key comes before the holdout window here; a recall reads them the other way round
+    // (docs/oddities.md).
     getLumaKey();
     getHoldoutWindow();
 
@@ -278,46 +175,35 @@ void mainControl::storeConnection(uint method, const QString &select, uint selec
     const QString netcard =
         netcardKnown ? netcardList.at(static_cast<int>(selectedNetcardIndex)) : initNetcard;
 
-    initSettings->beginGroup(QStringLiteral("connection"));
-    if (method == kNetworkLink) {
-        // An address that the operator typed is in no row of the table: it is stored as without a scan.
-        const bool unitKnown = didScan && index >= 0 && index < kQkvDeviceRows;
-        initSettings->setValue(QStringLiteral("interface"), method);
-        if (unitKnown)
-            initSettings->setValue(QStringLiteral("dhcpmode"), foundUnit(index).isdhcp);
-        if (netcardKnown)
-            initSettings->setValue(QStringLiteral("netcard"), netcard);
-        if (unitKnown) {
-            // The init fields keep what was read at start: the panel goes on showing the start-up data.
-            qDebug() << "Write to QSettings:" << netcard << foundUnit(index).ipadd;
-            storeFoundUnit(foundUnit(index));
-        } else {
-            qDebug() << "Write to QSettings without DoScan:" << netcard << select;
-            initSettings->setValue(QStringLiteral("ipaddress"), select);
-            initInterface = static_cast<int>(kNetworkLink);
-            initNetcard = netcard;
-            initIpaddr = select;
-        }
-    } else if (method == kSerialLink) {
+    SettingsGroup group(*initSettings, QStringLiteral("connection"));
+    group.set("interface", method);
+    if (method == kSerialLink) {
         qDebug() << "Write to QSettings (RS232):" << select;
-        initSettings->setValue(QStringLiteral("interface"), method);
+        group.set("serialport", select);
         initInterface = static_cast<int>(kSerialLink);
-        initSettings->setValue(QStringLiteral("serialport"), select);
         initSerialPort = select;
+        return;
     }
-    initSettings->endGroup();
-    initSettings->sync();
-}
 
-void mainControl::storeFoundUnit(const hlnp_network_info &unit)
-{
-    initSettings->setValue(QStringLiteral("ipaddress"), unit.ipadd);
-    initSettings->setValue(QStringLiteral("hostname"), unit.name);
-    initSettings->setValue(QStringLiteral("mac"), unit.macadd);
-    initSettings->setValue(QStringLiteral("gateway"), unit.gatewayadd);
-    initSettings->setValue(QStringLiteral("mask"), unit.maskadd);
-    initSettings->setValue(QStringLiteral("primarydns"), unit.primdnsadd);
-    initSettings->setValue(QStringLiteral("seconddns"), unit.secdnsadd);
+    // An address that the operator typed is in no row of the table: it is stored as without a scan.
+    const bool unitKnown = didScan && index >= 0 && index < kQkvDeviceRows;
+    const hlnp_network_info &unit = foundUnit(index);
+    if (unitKnown)
+        group.set("dhcpmode", unit.isdhcp);
+    if (netcardKnown)
+        group.set("netcard", netcard);
+    if (unitKnown) {
+        // The init fields keep what was read at start: the panel goes on showing the start-up data.
+        qDebug() << "Write to QSettings:" << netcard << unit.ipadd;
+        for (const NetworkField &field : kNetworkFields)
+            group.set(field.key, unit.*field.found);
+    } else {
+        qDebug() << "Write to QSettings without DoScan:" << netcard << select;
+        group.set("ipaddress", select);
+        initInterface = static_cast<int>(kNetworkLink);
+        initNetcard = netcard;
+        initIpaddr = select;
+    }
 }
 
 void mainControl::deviceDisConnect(uint method)

@@ -1,5 +1,6 @@
 #include "control/maincontrol.h"
 #include "control/pollpause.h"
+#include "control/settingsfile.h"
 
 #include <QDebug>
 #include <QThread>
@@ -14,8 +15,8 @@ struct RecallStep
     unsigned long sleepMs;
 };
 
-// What a recall reads back, with the pause that the unit is given after each. The holdout window comes before
-// the luma key here; a connect reads them the other way round. The aux mode is not read.
+// What a recall reads back, with the pause after each read. The holdout window comes before the luma key here; a
+// connect reads them the other way round (docs/oddities.md). The aux mode is not read.
 constexpr RecallStep kRecallSteps[] = {
     {&mainControl::getBKColor, 100},       {&mainControl::getCKAngle, 100},
     {&mainControl::getCKBWLevel, 100},     {&mainControl::getCKDark, 100},
@@ -28,57 +29,50 @@ constexpr RecallStep kRecallSteps[] = {
 
 } // namespace
 
-void mainControl::rememberMemory(uint index)
+void mainControl::storeLastMemory(uint index)
 {
-    initSettings->beginGroup(QStringLiteral("last_info"));
     lastMemory = index;
-    initSettings->setValue(QStringLiteral("memory"), lastMemory);
-    initSettings->endGroup();
-    initSettings->sync();
+    SettingsGroup group(*initSettings, QStringLiteral("last_info"));
+    group.set("memory", lastMemory);
 }
 
 void mainControl::loadMemory(uint index)
 {
-    PollPause pause(*this);
+    const PollPause pause(*this);
     if (!pause)
         return;
     qkv720Obj->loadMemory(currentConnectMethod, index);
     QThread::msleep(kAfterRecallMs);
     const video_out vv = getVOut();
     qDebug() << "ShowVout (loadMemory)" << vv.res << vv.colorspace << vv.std;
-    tellVOut();
-    tellOutputs();
-    tellInputResolution();
-    tellInputSource();
-    tellInputFreeze();
-    tellGenlock();
+    tellVideo();
 
-    // A link that dies on the way silences the rest, but the pauses run and the memory is remembered.
+    // A link that breaks on the way silences the rest, but the pauses run and the memory is stored.
     for (const RecallStep &step : kRecallSteps) {
         (this->*step.get)();
         QThread::msleep(step.sleepMs);
     }
 
     qDebug() << "Load memory. Set last = " << index;
-    // The factory reset has no entry of its own and is remembered as memory 1.
-    rememberMemory(index == 0 ? 1 : index);
+    // The factory reset has no entry of its own and is stored as memory 1.
+    storeLastMemory(index == 0 ? 1 : index);
     setPollInterval();
 }
 
 void mainControl::saveMemory(uint index)
 {
-    PollPause pause(*this);
+    const PollPause pause(*this);
     if (!pause)
         return;
     qDebug() << "Save memory. Set last = " << index;
-    // Remembered before the unit is told, and so also when the command then fails.
-    rememberMemory(index);
+    // Stored before the command goes out, and so also when it then fails.
+    storeLastMemory(index);
     qkv720Obj->saveMemory(currentConnectMethod, index);
 }
 
 void mainControl::saveSetup()
 {
-    PollPause pause(*this);
+    const PollPause pause(*this);
     if (!pause)
         return;
     qkv720Obj->saveSetup(currentConnectMethod);

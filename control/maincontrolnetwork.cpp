@@ -1,7 +1,8 @@
 #include "control/maincontrol.h"
 
+#include "control/networkfields.h"
+#include "control/settingsfile.h"
 #include "device/qkv720.h"
-#include "discovery/hlnp.h"
 
 #include <QDebug>
 
@@ -19,16 +20,6 @@ constexpr int kWireDhcpOn = 1;
 constexpr uint kAfterDhcpOffMs = 500;
 constexpr uint kAfterSettingMs = 300;
 
-enum Mark {
-    NoMark = 0,
-    AddressMark = 1,
-    HostNameMark = 2,
-    GatewayMark = 3,
-    NetmaskMark = 4,
-    PrimaryDnsMark = 5,
-    SecondaryDnsMark = 6,
-};
-
 // Parts are counted, not read: what they hold is the discovery object's affair.
 bool hasFourParts(const QString &address)
 {
@@ -37,28 +28,131 @@ bool hasFourParts(const QString &address)
 
 } // namespace
 
-// The connection panel's form as it came.
-struct mainControl::NetworkForm
-{
-    QString netcardIP;
-    QString target; // address of the unit as last scanned: every command of a save goes there
-    QString mac;
-    QString name;
-    int mode;
-    QString ipaddr;
-    QString mask;
-    QString gateway;
-    QString priDns;
-    QString secDns;
-};
+// ---- The whole form ---------------------------------------------------------------------------------------
 
-struct mainControl::SaveOutcome
+// One save of the connection panel's form. Every command goes to the address that the unit had at the last scan,
+// also after a new one has been sent. The last command alone decides the result: an earlier failure shows in its
+// mark only (docs/oddities.md).
+class mainControl::NetworkSave
 {
-    QString ret = QStringLiteral("OK"); // the result of the last command
+public:
+    NetworkSave(mainControl &facade, QString adapterIP, int scannedRow, hlnp_network_info wanted, int mode)
+        : control(facade)
+        , hlnp(*facade.qkv720Obj->hlnpObj)
+        , netcardIP(std::move(adapterIP))
+        , scanned(facade.foundUnit(scannedRow))
+        , form(std::move(wanted))
+        , formMode(mode)
+    {
+    }
+
+    // A failed test stops nothing, and a later one overwrites the text of an earlier one.
+    void checkAddresses()
+    {
+        for (const NetworkField &field : kNetworkFields) {
+            if (!field.malformed || hasFourParts(form.*field.found))
+                continue;
+            error = tr(field.malformed);
+            emit control.markHLNPDataRed(field.mark);
+        }
+    }
+
+    // Stored whatever the tests found, and before any command goes out.
+    void store(const QString &netcardText)
+    {
+        SettingsGroup group(*control.initSettings, QStringLiteral("connection"));
+        group.set("netcard", netcardText);
+        group.set("mac", form.macadd);
+        group.set("hostname", form.name);
+        group.set("dhcpmode", formMode == kFormDhcp);
+        group.set("ipaddress", form.ipadd);
+        group.set("mask", form.maskadd);
+        group.set("gateway", form.gatewayadd);
+        group.set("primarydns", form.primdnsadd);
+        group.set("seconddns", form.secdnsadd);
+    }
+
+    // Sends what differs from the last scan.
+    void send()
+    {
+        if (formMode == kFormFixedAddress)
+            sendFixedAddress();
+        else
+            sendDhcp();
+    }
+
+    QString result() const { return succeeded() ? lastResult : error; }
+
+private:
+    void sendFixedAddress()
+    {
+        if (scanned.isdhcp) {
+            judge(hlnp.setDhcpMode(form.macadd, netcardIP, scanned.ipadd, kWireDhcpOff), NoMark);
+            control.msecSleep(kAfterDhcpOffMs);
+        }
+        for (const NetworkField &field : kNetworkFields) {
+            if (field.mark == NoMark || form.*field.found == scanned.*field.found)
+                continue;
+            judge(sendField(field.mark), field.mark);
+            if (field.mark != SecondaryDnsMark)
+                control.msecSleep(kAfterSettingMs);
+        }
+    }
+
+    // Under DHCP the addresses are the server's affair: only the mode and the name go out.
+    void sendDhcp()
+    {
+        if (!scanned.isdhcp) {
+            judge(hlnp.setDhcpMode(form.macadd, netcardIP, scanned.ipadd, kWireDhcpOn), NoMark);
+            control.msecSleep(kAfterSettingMs);
+        }
+        if (form.name != scanned.name)
+            judge(sendField(HostNameMark), HostNameMark);
+    }
+
+    QString sendField(Mark field)
+    {
+        switch (field) {
+        case AddressMark:
+            return hlnp.setIpAdr(form.macadd, netcardIP, scanned.ipadd, form.ipadd, form.gatewayadd);
+        case HostNameMark:
+            return hlnp.setDhcpName(netcardIP, scanned.ipadd, form.name);
+        case GatewayMark:
+            return hlnp.setGateway(netcardIP, scanned.ipadd, form.gatewayadd);
+        case NetmaskMark:
+            return hlnp.setNetmask(netcardIP, scanned.ipadd, form.maskadd);
+        case PrimaryDnsMark:
+            return hlnp.setPrimDNS(netcardIP, scanned.ipadd, form.primdnsadd);
+        case SecondaryDnsMark:
+            return hlnp.setSecDNS(netcardIP, scanned.ipadd, form.secdnsadd);
+        case NoMark:
+            break;
+        }
+        return lastResult;
+    }
+
+    bool succeeded() const { return lastResult == QLatin1String("OK"); }
+
+    // Keeps the result of one command; the words of a failure go in front of the earlier ones.
+    void judge(const QString &answer, Mark mark)
+    {
+        lastResult = answer;
+        if (succeeded())
+            return;
+        error = answer + error;
+        if (mark != NoMark)
+            emit control.markHLNPDataRed(mark);
+    }
+
+    mainControl &control;
+    HLNP &hlnp;
+    const QString netcardIP;
+    const hlnp_network_info scanned; // the reference for what has changed; a save does not update the row
+    const hlnp_network_info form;
+    const int formMode;
+    QString lastResult = QStringLiteral("OK");
     QString error;
 };
-
-// ---- The whole form ---------------------------------------------------------------------------------------
 
 QString mainControl::hlnpSave(QString currentNetcardIP, QString currentNetcardText, int ipSelectIndex,
                               QString macAdd, QString name, int mode, QString ipaddr, QString mask,
@@ -67,115 +161,19 @@ QString mainControl::hlnpSave(QString currentNetcardIP, QString currentNetcardTe
     qDebug() << "[hlnpSave] DHCP mode=" << mode;
     timerRefreshStatus->stop();
 
-    // The row of the last scan is the reference for what has changed; a save does not update it.
-    const hlnp_network_info before = foundUnit(ipSelectIndex);
-    const NetworkForm form{currentNetcardIP, before.ipadd, macAdd,  name,   mode,
-                           ipaddr,           mask,         gateway, priDns, secDns};
-    SaveOutcome outcome;
-    checkForm(form, outcome);
-    storeForm(form, currentNetcardText);
-    if (mode == kFormFixedAddress)
-        saveFixedAddress(form, before, outcome);
-    else
-        saveDhcp(form, before, outcome);
-
-    // The last command alone decides: an earlier failure shows in its mark only.
-    return outcome.ret == QLatin1String("OK") ? outcome.ret : outcome.error;
-}
-
-// A failed test stops nothing, and a later one overwrites the text of an earlier one.
-void mainControl::checkForm(const NetworkForm &form, SaveOutcome &outcome)
-{
-    const struct
-    {
-        const QString &address;
-        const char *words;
-        Mark mark;
-    } tests[] = {
-        {form.ipaddr, QT_TR_NOOP("IP Address format incorrect."), AddressMark},
-        {form.gateway, QT_TR_NOOP("Gateway Address format incorrect."), GatewayMark},
-        {form.mask, QT_TR_NOOP("Mask Address format incorrect."), NetmaskMark},
-        {form.priDns, QT_TR_NOOP("Primary DNS Address format incorrect."), PrimaryDnsMark},
-        {form.secDns, QT_TR_NOOP("Secondary DNS Address format incorrect."), SecondaryDnsMark},
-    };
-    for (const auto &test : tests) {
-        if (hasFourParts(test.address))
-            continue;
-        outcome.error = tr(test.words);
-        emit markHLNPDataRed(test.mark);
-    }
-}
-
-// Stored whatever the tests found, and before any command goes out.
-void mainControl::storeForm(const NetworkForm &form, const QString &netcardText)
-{
-    initSettings->beginGroup(QStringLiteral("connection"));
-    initSettings->setValue(QStringLiteral("netcard"), netcardText);
-    initSettings->setValue(QStringLiteral("mac"), form.mac);
-    initSettings->setValue(QStringLiteral("hostname"), form.name);
-    initSettings->setValue(QStringLiteral("dhcpmode"), form.mode == kFormDhcp);
-    initSettings->setValue(QStringLiteral("ipaddress"), form.ipaddr);
-    initSettings->setValue(QStringLiteral("mask"), form.mask);
-    initSettings->setValue(QStringLiteral("gateway"), form.gateway);
-    initSettings->setValue(QStringLiteral("primarydns"), form.priDns);
-    initSettings->setValue(QStringLiteral("seconddns"), form.secDns);
-    initSettings->endGroup();
-    initSettings->sync();
-}
-
-void mainControl::settle(SaveOutcome &outcome, const QString &result, int mark)
-{
-    outcome.ret = result;
-    if (result == QLatin1String("OK"))
-        return;
-    outcome.error = result + outcome.error;
-    if (mark != NoMark)
-        emit markHLNPDataRed(mark);
-}
-
-void mainControl::saveFixedAddress(const NetworkForm &form, const hlnp_network_info &before,
-                                   SaveOutcome &outcome)
-{
-    HLNP &hlnp = *qkv720Obj->hlnpObj;
-    if (before.isdhcp) {
-        settle(outcome, hlnp.setDhcpMode(form.mac, form.netcardIP, form.target, kWireDhcpOff), NoMark);
-        msecSleep(kAfterDhcpOffMs);
-    }
-    if (form.ipaddr != before.ipadd) {
-        settle(outcome, hlnp.setIpAdr(form.mac, form.netcardIP, form.target, form.ipaddr, form.gateway),
-               AddressMark);
-        msecSleep(kAfterSettingMs);
-    }
-    if (form.name != before.name) {
-        settle(outcome, hlnp.setDhcpName(form.netcardIP, form.target, form.name), HostNameMark);
-        msecSleep(kAfterSettingMs);
-    }
-    if (form.gateway != before.gatewayadd) {
-        settle(outcome, hlnp.setGateway(form.netcardIP, form.target, form.gateway), GatewayMark);
-        msecSleep(kAfterSettingMs);
-    }
-    if (form.mask != before.maskadd) {
-        settle(outcome, hlnp.setNetmask(form.netcardIP, form.target, form.mask), NetmaskMark);
-        msecSleep(kAfterSettingMs);
-    }
-    if (form.priDns != before.primdnsadd) {
-        settle(outcome, hlnp.setPrimDNS(form.netcardIP, form.target, form.priDns), PrimaryDnsMark);
-        msecSleep(kAfterSettingMs);
-    }
-    if (form.secDns != before.secdnsadd)
-        settle(outcome, hlnp.setSecDNS(form.netcardIP, form.target, form.secDns), SecondaryDnsMark);
-}
-
-// Under DHCP the addresses are the server's affair: only the mode and the name go out.
-void mainControl::saveDhcp(const NetworkForm &form, const hlnp_network_info &before, SaveOutcome &outcome)
-{
-    HLNP &hlnp = *qkv720Obj->hlnpObj;
-    if (!before.isdhcp) {
-        settle(outcome, hlnp.setDhcpMode(form.mac, form.netcardIP, form.target, kWireDhcpOn), NoMark);
-        msecSleep(kAfterSettingMs);
-    }
-    if (form.name != before.name)
-        settle(outcome, hlnp.setDhcpName(form.netcardIP, form.target, form.name), HostNameMark);
+    hlnp_network_info form;
+    form.name = name;
+    form.ipadd = ipaddr;
+    form.macadd = macAdd;
+    form.maskadd = mask;
+    form.gatewayadd = gateway;
+    form.primdnsadd = priDns;
+    form.secdnsadd = secDns;
+    NetworkSave save(*this, currentNetcardIP, ipSelectIndex, form, mode);
+    save.checkAddresses();
+    save.store(currentNetcardText);
+    save.send();
+    return save.result();
 }
 
 QString mainControl::hlnpReboot(QString targetDeviceMAC, QString currentNetcardIP, QString targetDeviceIP)
@@ -186,26 +184,18 @@ QString mainControl::hlnpReboot(QString targetDeviceMAC, QString currentNetcardI
 
 // ---- One setting each -------------------------------------------------------------------------------------
 
-void mainControl::storeSetting(const QString &key, const QVariant &value)
-{
-    initSettings->beginGroup(QStringLiteral("connection"));
-    initSettings->setValue(key, value);
-    initSettings->endGroup();
-    initSettings->sync();
-}
-
 QString mainControl::hlnpSetDhcpName(QString currentNetcardIP, QString targetDeviceIP, QString content,
                                      QString macAdd, QString currentNetcardText)
 {
     timerRefreshStatus->stop();
-    initSettings->beginGroup(QStringLiteral("connection"));
-    initSettings->setValue(QStringLiteral("hostname"), content);
-    if (!iniExist) {
-        initSettings->setValue(QStringLiteral("netcard"), currentNetcardText);
-        initSettings->setValue(QStringLiteral("mac"), macAdd);
+    {
+        SettingsGroup group(*initSettings, QStringLiteral("connection"));
+        group.set("hostname", content);
+        if (!iniExist) {
+            group.set("netcard", currentNetcardText);
+            group.set("mac", macAdd);
+        }
     }
-    initSettings->endGroup();
-    initSettings->sync();
     return qkv720Obj->hlnpObj->setDhcpName(currentNetcardIP, targetDeviceIP, content);
 }
 
@@ -213,9 +203,9 @@ QString mainControl::hlnpSetDhcpMode(QString targetDeviceMAC, QString currentNet
                                      QString targetDeviceIP, int mode)
 {
     timerRefreshStatus->stop();
-    storeSetting(QStringLiteral("dhcpmode"), mode == kFormDhcp);
+    SettingsGroup(*initSettings, QStringLiteral("connection")).set("dhcpmode", mode == kFormDhcp);
     // The number goes out as it stands, unlike in hlnpSave: 0 is stored as DHCP and turns it off at the unit.
-    // Callers of this slot count on the wire's own numbers.
+    // Callers of this slot count on the wire's own numbers (docs/oddities.md).
     return qkv720Obj->hlnpObj->setDhcpMode(targetDeviceMAC, currentNetcardIP, targetDeviceIP, mode);
 }
 
@@ -231,56 +221,61 @@ QString mainControl::hlnpSetIpAdr(QString targetDeviceMAC, QString currentNetcar
         qDebug() << "Gateway Address format incorrect." << gateway.split(QLatin1Char('.'));
         return tr("Gateway Address format incorrect.");
     }
-    initSettings->beginGroup(QStringLiteral("connection"));
-    initSettings->setValue(QStringLiteral("ipaddress"), ipaddr);
-    initSettings->setValue(QStringLiteral("gateway"), gateway);
-    initSettings->endGroup();
-    initSettings->sync();
+    {
+        SettingsGroup group(*initSettings, QStringLiteral("connection"));
+        group.set("ipaddress", ipaddr);
+        group.set("gateway", gateway);
+    }
     return qkv720Obj->hlnpObj->setIpAdr(targetDeviceMAC, currentNetcardIP, targetDeviceIP, ipaddr, gateway);
+}
+
+// One address that is tested, stored and sent in the same way whichever it is.
+struct mainControl::AddressSetting
+{
+    const char *key;
+    const char *malformedLog;
+    const char *malformed;
+    QString (HLNP::*send)(QString, QString, QString);
+};
+
+QString mainControl::setAddress(const AddressSetting &setting, const QString &currentNetcardIP,
+                                const QString &targetDeviceIP, const QString &content)
+{
+    timerRefreshStatus->stop();
+    if (!hasFourParts(content)) {
+        qDebug() << setting.malformedLog;
+        return tr(setting.malformed);
+    }
+    SettingsGroup(*initSettings, QStringLiteral("connection")).set(setting.key, content);
+    return (qkv720Obj->hlnpObj->*setting.send)(currentNetcardIP, targetDeviceIP, content);
 }
 
 QString mainControl::hlnpSetGateway(QString currentNetcardIP, QString targetDeviceIP, QString content)
 {
-    timerRefreshStatus->stop();
-    if (!hasFourParts(content)) {
-        qDebug() << "Gateway Address format failed";
-        return tr("Gateway Address format incorrect.");
-    }
-    storeSetting(QStringLiteral("gateway"), content);
-    return qkv720Obj->hlnpObj->setGateway(currentNetcardIP, targetDeviceIP, content);
+    return setAddress({"gateway", "Gateway Address format failed",
+                       QT_TR_NOOP("Gateway Address format incorrect."), &HLNP::setGateway},
+                      currentNetcardIP, targetDeviceIP, content);
 }
 
 QString mainControl::hlnpSetNetmask(QString currentNetcardIP, QString targetDeviceIP, QString content)
 {
-    timerRefreshStatus->stop();
-    if (!hasFourParts(content)) {
-        qDebug() << "Netmask Address format failed";
-        return tr("Netmask Address format incorrect.");
-    }
-    storeSetting(QStringLiteral("mask"), content);
-    return qkv720Obj->hlnpObj->setNetmask(currentNetcardIP, targetDeviceIP, content);
+    return setAddress({"mask", "Netmask Address format failed",
+                       QT_TR_NOOP("Netmask Address format incorrect."), &HLNP::setNetmask},
+                      currentNetcardIP, targetDeviceIP, content);
 }
 
 QString mainControl::hlnpSetPrimDNS(QString currentNetcardIP, QString targetDeviceIP, QString content)
 {
-    timerRefreshStatus->stop();
-    if (!hasFourParts(content)) {
-        qDebug() << "PrimDNS Address format failed";
-        return tr("PrimDNS Address format incorrect.");
-    }
-    storeSetting(QStringLiteral("primarydns"), content);
-    return qkv720Obj->hlnpObj->setPrimDNS(currentNetcardIP, targetDeviceIP, content);
+    return setAddress({"primarydns", "PrimDNS Address format failed",
+                       QT_TR_NOOP("PrimDNS Address format incorrect."), &HLNP::setPrimDNS},
+                      currentNetcardIP, targetDeviceIP, content);
 }
 
 QString mainControl::hlnpSetSecDNS(QString currentNetcardIP, QString targetDeviceIP, QString content)
 {
-    timerRefreshStatus->stop();
-    if (!hasFourParts(content)) {
-        qDebug() << "SecDNS Address format failed";
-        return tr("SecDNS Address format incorrect.");
-    }
-    storeSetting(QStringLiteral("seconddns"), content);
-    return qkv720Obj->hlnpObj->setSecDNS(currentNetcardIP, targetDeviceIP, content);
+    return setAddress({"seconddns", "SecDNS Address format failed",
+                       QT_TR_NOOP("SecDNS Address format incorrect."), &HLNP::setSecDNS},
+                      currentNetcardIP, targetDeviceIP, content);
 }
 
 int mainControl::initHLNPConfig(int dhcpIndex, QString txtMacaddr, QString currentNetCardIP,

@@ -14,6 +14,8 @@ constexpr int kPvwHdmi = 4;
 constexpr unsigned long kAfterGenlockResetMs = 500;
 constexpr unsigned long kBeforePollMs = 200;
 
+void asksNothing(qkv720 & /*unit*/, uint /*method*/) { }
+
 output routed(uint source, bool lock, bool mirror)
 {
     return {static_cast<output_source>(source), lock, mirror};
@@ -21,7 +23,7 @@ output routed(uint source, bool lock, bool mirror)
 
 } // namespace
 
-// ---- Telling what the device object holds -----------------------------------------------------------------
+// ---- Emitting what the device object holds ----------------------------------------------------------------
 
 void mainControl::tellVOut()
 {
@@ -31,7 +33,7 @@ void mainControl::tellVOut()
 
 void mainControl::tellOutputs()
 {
-    // PGM HDMI before PVW: the interface relies on this order.
+    // PGM HDMI before PVW (docs/oddities.md).
     emit refreshOutputSourcePGM(qkv720Obj->getOutSource(kPgm), qkv720Obj->getOutLock(kPgm),
                                 getOutputMirror(kPgm));
     emit refreshOutputSourcePGMHDMI(qkv720Obj->getOutSource(kPgmHdmi), qkv720Obj->getOutLock(kPgmHdmi),
@@ -66,11 +68,21 @@ void mainControl::tellGenlock()
     emit refreshGenlock(qkv720Obj->genlockSrc, qkv720Obj->genlock_H, qkv720Obj->genlock_V);
 }
 
+void mainControl::tellVideo()
+{
+    tellVOut();
+    tellOutputs();
+    tellInputResolution();
+    tellInputSource();
+    tellInputFreeze();
+    tellGenlock();
+}
+
 // ---- Output standard and routing --------------------------------------------------------------------------
 
 video_out mainControl::getVOut()
 {
-    // No look at the link first: this is the one place where a failed read turns into the ERROR mark.
+    // Without a look at the link first: this is the one place where a failed read turns into the ERROR mark.
     timerRefreshStatus->stop();
     qkv720Obj->getVideoOut(currentConnectMethod);
     video_out vOut = qkv720Obj->videoOut; // a failed read returns no data, the stored standard stands
@@ -84,7 +96,7 @@ video_out mainControl::getVOut()
 
 int mainControl::getVideoOutRes()
 {
-    PollPause pause(*this);
+    const PollPause pause(*this);
     if (!pause)
         return 0;
     qkv720Obj->getVideoOut(currentConnectMethod);
@@ -98,7 +110,7 @@ void mainControl::setVOut(uint resIndex, uint colorFormatIndex, uint std)
         return;
     qkv720Obj->setVideoOut(currentConnectMethod, static_cast<resolution>(resIndex),
                            static_cast<hdmiout_format>(colorFormatIndex), static_cast<std_auto>(std));
-    // Read back, so that the interface hears what the unit took and not what was asked for.
+    // Read back, so that the interface shows what the unit accepted and not what was asked for.
     const video_out vv = getVOut();
     qDebug() << "ShowVout (setVOut): " << vv.res << vv.colorspace << vv.std;
     emit showVout(static_cast<uint>(vv.res), static_cast<uint>(vv.colorspace), static_cast<uint>(vv.std));
@@ -118,15 +130,15 @@ void mainControl::setOutSelect(uint pgmSource, bool pgmLock, bool pgmMirror, uin
     const output pvw = routed(pvwSource, pvwLock, pvwMirror);
     const output pgmhdmi = routed(pgmhdmiSource, pgmhdmiLock, pgmhdmiMirror);
     const output pvwhdmi = routed(pvwhdmiSource, pvwhdmLiock, pvwhdmiMirror);
-    // Here alone the poll restarts before the unit is told: a link that breaks in this call is still told of
-    // by the next tick.
+    // Here alone the poll restarts before the call (docs/oddities.md). A link that breaks in the call stops the
+    // poll again and warns at once, as anywhere else.
     pause.end();
     qkv720Obj->setOutputSelection(currentConnectMethod, pgm, pvw, pgmhdmi, pvwhdmi);
 }
 
 bool mainControl::getOutputMirror(int target)
 {
-    PollPause pause(*this);
+    const PollPause pause(*this);
     if (!pause)
         return false;
     return qkv720Obj->getOutMirror(static_cast<uint>(target));
@@ -171,11 +183,7 @@ QString mainControl::vOutResolution() const
 
 void mainControl::setVOutResolution(QString & /*value*/)
 {
-    PollPause pause(*this);
-    if (!pause)
-        return;
-    pause.end();
-    emit vOutResolutionChanged();
+    operate(asksNothing, &mainControl::vOutResolutionChanged, AfterRestart);
 }
 
 QString mainControl::vOutColorSpace() const
@@ -185,11 +193,7 @@ QString mainControl::vOutColorSpace() const
 
 void mainControl::setVOutColorSpace(QString & /*value*/)
 {
-    PollPause pause(*this);
-    if (!pause)
-        return;
-    pause.end();
-    emit vOutColorSpaceChanged();
+    operate(asksNothing, &mainControl::vOutColorSpaceChanged, AfterRestart);
 }
 
 QString mainControl::vOutStd() const
@@ -199,35 +203,5 @@ QString mainControl::vOutStd() const
 
 void mainControl::setVOutStd(QString & /*value*/)
 {
-    PollPause pause(*this);
-    if (!pause)
-        return;
-    pause.end();
-    emit vOutStdChanged();
-}
-
-QStringList mainControl::getSerialNameList()
-{
-    if (!qkv720Obj) {
-        qDebug() << "[getSerialNameList] New qkv720Obj";
-        qkv720Obj = new qkv720;
-    }
-    serialNameList = qkv720Obj->getSerialInfoList();
-    return serialNameList;
-}
-
-QStringList mainControl::getNetcardList()
-{
-    if (!qkv720Obj) {
-        qDebug() << "[getNetcardList] New qkv720Obj";
-        qkv720Obj = new qkv720;
-    }
-    netcardList = qkv720Obj->getHLNPNetcardList();
-    return netcardList;
-}
-
-QStringList mainControl::getIPSelectList()
-{
-    ipSelectList = qkv720Obj->getHLNPDeviceList();
-    return ipSelectList;
+    operate(asksNothing, &mainControl::vOutStdChanged, AfterRestart);
 }

@@ -13,8 +13,8 @@
 #include <QUrl>
 
 #include "control/maincontrol.h"
+#include "control/settingsfile.h"
 #include "shell/qmltranslator.h"
-#include "shell/universalconst.h"
 
 namespace {
 
@@ -53,10 +53,7 @@ int main(int argc, char *argv[])
     QmlTranslator qmlTranslator;
 
     // This handle only reads; its group stays open to the end.
-    QSettings wSettings(
-        QStringLiteral(SETTINGS_PATH_FORMAT)
-            .arg(QStringLiteral(ORG_NAME), QStringLiteral(APP_NAME), QStringLiteral(APP_NAME)),
-        QSettings::IniFormat);
+    QSettings wSettings(settingsFilePath(), QSettings::IniFormat);
     wSettings.sync();
     wSettings.beginGroup(QStringLiteral("setting"));
     const QString Tra = wSettings.value(QStringLiteral("language")).toString();

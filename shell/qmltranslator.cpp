@@ -3,11 +3,9 @@
 #include <QCoreApplication>
 #include <QDebug>
 #include <QDir>
-#include <QSettings>
 
-#include "shell/universalconst.h"
-
-QString mainCurrentLanguage;
+#include "control/panelstate.h"
+#include "control/settingsfile.h"
 
 namespace {
 
@@ -52,13 +50,10 @@ void QmlTranslator::setTranslation(QString translation)
     // The same object is installed again at each switch and never removed.
     QCoreApplication::installTranslator(&m_translator);
 
-    QSettings settings(QStringLiteral(SETTINGS_PATH_FORMAT)
-                           .arg(QStringLiteral(ORG_NAME), QStringLiteral(APP_NAME), QStringLiteral(APP_NAME)),
-                       QSettings::IniFormat);
-    settings.beginGroup(QStringLiteral("setting"));
-    settings.setValue(QStringLiteral("language"), translation);
-    settings.endGroup();
-    settings.sync();
+    {
+        QSettings settings(settingsFilePath(), QSettings::IniFormat);
+        SettingsGroup(settings, QStringLiteral("setting")).set("language", translation);
+    }
 
     emit languageChanged(lanCode);
 }

@@ -4,10 +4,6 @@
 #include <QString>
 #include <QTranslator>
 
-// The language last asked for, process-wide: written by setTranslation and, from the settings file, by the
-// facade's constructor, which logs it. Nothing depends on it.
-extern QString mainCurrentLanguage;
-
 // Switches the language of the interface while it runs. QML adds e_str to every translated text, so that
 // those bindings run again whenever languageChanged fires.
 class QmlTranslator : public QObject

@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <QtTest>
 
+#include "control/panelstate.h"
 #include "shell/qmltranslator.h"
 
 namespace {
