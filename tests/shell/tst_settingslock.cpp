@@ -1,0 +1,157 @@
+// The settings file behind an obstacle: what the operator is told, and that no write holds the screen.
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+#include <memory>
+#include <thread>
+
+#include "control/settingsfile.h"
+#include "shell/settingscheck.h"
+
+namespace {
+
+QString lockPath()
+{
+    return settingsFilePath() + QStringLiteral(".lock");
+}
+
+QByteArray fileOnDisk()
+{
+    QFile file(settingsFilePath());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// How long it takes to store one value, in milliseconds.
+qint64 store(QSettings &settings, const char *key, int value)
+{
+    QElapsedTimer timer;
+    timer.start();
+    SettingsGroup(settings, QStringLiteral("connection")).set(key, value);
+    return timer.elapsed();
+}
+
+} // namespace
+
+class TestSettingsLock : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { QDir().mkpath(QFileInfo(settingsFilePath()).absolutePath()); }
+
+    void cleanup()
+    {
+        QDir().rmdir(lockPath());
+        QFile::remove(lockPath());
+        QFile::remove(settingsFilePath());
+    }
+
+    void writesWhenTheGroupEnds()
+    {
+        QSettings settings(settingsFilePath(), QSettings::IniFormat);
+        {
+            SettingsGroup group(settings, QStringLiteral("connection"));
+            group.set("netcard", 1);
+            group.set("interface", 2);
+            QCOMPARE(fileOnDisk(), QByteArray());
+        }
+        QCOMPARE(fileOnDisk(), QByteArray("[connection]\ninterface=2\nnetcard=1\n"));
+        QCOMPARE(SettingsGroup(settings, QStringLiteral("connection")).value("interface").toInt(), 2);
+    }
+
+    // A lock that another panel holds while it writes is waited for.
+    void aShortLockIsWaitedFor()
+    {
+        QSettings settings(settingsFilePath(), QSettings::IniFormat);
+        auto lock = std::make_unique<QLockFile>(lockPath());
+        QVERIFY(lock->lock());
+        std::thread other([&lock] {
+            QThread::msleep(150);
+            lock.reset();
+        });
+        const qint64 took = store(settings, "mask", 1);
+        other.join();
+        QVERIFY2(took >= 100, qPrintable(QString::number(took)));
+        QCOMPARE(fileOnDisk(), QByteArray("[connection]\nmask=1\n"));
+    }
+
+    void aLastingLockHoldsNoWrite_data()
+    {
+        QTest::addColumn<bool>("folder");
+        QTest::newRow("folder of the lock's name") << true;
+        QTest::newRow("lock of another host") << false;
+    }
+
+    void aLastingLockHoldsNoWrite()
+    {
+        QFETCH(bool, folder);
+        QSettings settings(settingsFilePath(), QSettings::IniFormat);
+        store(settings, "interface", 1);
+        const QByteArray before = fileOnDisk();
+        if (folder) {
+            QVERIFY(QDir().mkdir(lockPath()));
+        } else {
+            QFile lock(lockPath());
+            QVERIFY(lock.open(QIODevice::WriteOnly));
+            lock.write("1\nqkv720-panel\nanother-host\n");
+        }
+        QVERIFY(store(settings, "mask", 2) < 2000);
+        QVERIFY(store(settings, "gateway", 3) < 400); // once in vain, never again a wait
+        QCoreApplication::processEvents(); // nothing is left to be written by the event loop
+        QCOMPARE(fileOnDisk(), before);
+
+        QVERIFY(folder ? QDir().rmdir(lockPath()) : QFile::remove(lockPath()));
+        QVERIFY(store(settings, "netcard", 4) < 2000);
+        QCOMPARE(fileOnDisk(), QByteArray("[connection]\ngateway=3\ninterface=1\nmask=2\nnetcard=4\n"));
+    }
+
+    void theWindowSaysWhatToDo_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<bool>("goesOn");
+        QTest::newRow("lock, go on") << int{SettingsObstacle::Lock} << "Start Without Storing" << true;
+        QTest::newRow("lock, quit") << int{SettingsObstacle::Lock} << "Quit" << false;
+        QTest::newRow("lock, closed") << int{SettingsObstacle::Lock} << "" << false;
+        QTest::newRow("no file, quit") << int{SettingsObstacle::NoFile} << "Quit" << false;
+        QTest::newRow("no file, closed") << int{SettingsObstacle::NoFile} << "" << false;
+    }
+
+    void theWindowSaysWhatToDo()
+    {
+        QFETCH(int, kind);
+        QFETCH(QString, button);
+        QFETCH(bool, goesOn);
+        const SettingsObstacle obstacle{static_cast<SettingsObstacle::Kind>(kind), QStringLiteral("/a/file"),
+                                        QStringLiteral("root <b>\u202e")};
+        QString text;
+        QStringList buttons;
+        QTimer::singleShot(0, this, [&] {
+            auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            text = box->text();
+            QAbstractButton *chosen = nullptr;
+            for (QAbstractButton *each : box->buttons()) {
+                buttons.append(each->text());
+                if (each->text() == button)
+                    chosen = each;
+            }
+            if (chosen)
+                chosen->click();
+            else
+                box->reject();
+        });
+        QCOMPARE(goesOnWithout(obstacle), goesOn);
+        QVERIFY2(text.contains(QLatin1String("/a/file, which belongs to root <b>\\u202e")), qPrintable(text));
+        QCOMPARE(buttons.contains(QStringLiteral("Start Without Storing")), kind == SettingsObstacle::Lock);
+    }
+};
+
+QTEST_MAIN(TestSettingsLock)
+#include "tst_settingslock.moc"
