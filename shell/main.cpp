@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
+#include <QQuickWindow>
 #include <QSettings>
 #include <QSplashScreen>
 #include <QThread>
@@ -14,15 +15,39 @@
 
 #include "control/maincontrol.h"
 #include "control/settingsfile.h"
+#include "shell/logtext.h"
 #include "shell/qmltranslator.h"
+#include "shell/settingscheck.h"
 
 namespace {
 
 constexpr unsigned long kSettleAfterLoadMs = 100;
 
+// Exit statuses beside 0 and -1.
+constexpr int kSettingsBlocked = 2;
+constexpr int kNothingToDrawWith = 3;
+
+// A still screen of flat pictures needs no GPU, and drawn in software it looks and costs the same on every machine,
+// in a virtual one and over remote desktop. On X11 the splash alone, a widget window, would load GL and its driver.
+// An operator who asks for another way of drawing in the environment gets it, and GL with it.
+void drawInSoftware()
+{
+    const char *const backend =
+        qEnvironmentVariableIsSet("QMLSCENE_DEVICE") ? "QMLSCENE_DEVICE" : "QT_QUICK_BACKEND";
+    const bool asked = qEnvironmentVariableIsSet(backend);
+    if (asked && qgetenv(backend) != "software")
+        return;
+    if (!asked)
+        QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
+    if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
+        qputenv("QT_XCB_GL_INTEGRATION", "none");
+}
+
 // What the toolkit needs to know before anything is built.
 void prepareToolkit()
 {
+    escapeLogLines();
+    drawInSoftware();
     // Handlers stand as "onFoo:" in Connections, the only form that 5.12 reads; later versions warn of each.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.qml.connections=false"));
     // QIcon takes file names, not addresses: this makes a name with the scheme "qrc:" a file name of the
@@ -31,6 +56,21 @@ void prepareToolkit()
     // The family that the documents name is no family to the toolkit; without this, Chinese falls to a face
     // whose digits are too wide.
     QFont::insertSubstitution(QStringLiteral("Noto Sans CJK TC Regular"), QStringLiteral("Noto Sans CJK TC"));
+}
+
+// The toolkit aborts when it cannot draw a window and nobody listens to that.
+void endWithoutScene(const QQmlApplicationEngine &engine)
+{
+    for (const QObject *root : engine.rootObjects()) {
+        const auto *window = qobject_cast<const QQuickWindow *>(root);
+        if (!window)
+            continue;
+        QObject::connect(window, &QQuickWindow::sceneGraphError, qApp,
+                         [](QQuickWindow::SceneGraphError /*error*/, const QString &message) {
+                             qCritical().noquote() << "The panel cannot draw its window:" << message;
+                             QCoreApplication::exit(kNothingToDrawWith);
+                         });
+    }
 }
 
 } // namespace
@@ -43,6 +83,10 @@ int main(int argc, char *argv[])
 
     QApplication app2(argc, argv);
     QApplication::setWindowIcon(QIcon(QStringLiteral("qrc:/img/qkv720.ico")));
+
+    // Before the first settings object, which would wait for a foreign lock without end.
+    if (!settingsCanBeUsed())
+        return kSettingsBlocked;
 
     mainControl mainObj;
 
@@ -75,6 +119,7 @@ int main(int argc, char *argv[])
         },
         Qt::QueuedConnection);
     engine.load(url);
+    endWithoutScene(engine);
 
     QThread::msleep(kSettleAfterLoadMs);
 

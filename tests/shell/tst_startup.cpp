@@ -4,24 +4,32 @@
 #include <QFile>
 #include <QProcess>
 #include <QSettings>
+#include <QSysInfo>
 #include <QtTest>
+
+#include <functional>
+#include <sys/stat.h>
 
 namespace {
 
 constexpr int kStartMs = 20000;
+
+using Environment = std::function<void(QProcessEnvironment &)>;
 
 // A run of the program in the folder of the test, ended by the destructor.
 class Run
 {
 public:
     explicit Run(const QString &program, const QString &folder = QDir::currentPath(),
-                 const QString &locale = QStringLiteral("C.UTF-8"))
+                 const QString &locale = QStringLiteral("C.UTF-8"), const Environment &change = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("QT_MESSAGE_PATTERN"), QStringLiteral("%{type}|%{message}"));
         environment.insert(QStringLiteral("QT_LOGGING_TO_CONSOLE"), QStringLiteral("1"));
         environment.insert(QStringLiteral("LC_ALL"), locale);
         environment.insert(QStringLiteral("LANG"), locale);
+        if (change)
+            change(environment);
         m_process.setProcessEnvironment(environment);
         m_process.setWorkingDirectory(folder);
         m_process.setProcessChannelMode(QProcess::MergedChannels);
@@ -61,7 +69,13 @@ public:
         }
     }
 
-    bool ended() { return m_process.waitForFinished(kStartMs); }
+    bool ended(int withinMs = kStartMs)
+    {
+        const bool over = m_process.waitForFinished(withinMs);
+        m_output += QString::fromUtf8(m_process.readAll());
+        return over;
+    }
+    bool isRunning() const { return m_process.state() == QProcess::Running; }
     int exitCode() const { return m_process.exitCode(); }
     bool crashed() const { return m_process.exitStatus() == QProcess::CrashExit; }
     QString output() const { return m_output; }
@@ -86,6 +100,32 @@ void storeLanguage(const QString &language)
     QDir().mkpath(QFileInfo(settingsPath()).absolutePath());
     QSettings settings(settingsPath(), QSettings::IniFormat);
     settings.setValue(QStringLiteral("setting/language"), language);
+}
+
+QString lockPath()
+{
+    return settingsPath() + QStringLiteral(".lock");
+}
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("can't write %s", qPrintable(path));
+}
+
+// A lock as the toolkit writes it: process, program, host.
+void writeLock(const QString &host)
+{
+    write(lockPath(), "4194303\nqkv720-panel\n" + host.toUtf8() + "\n");
+}
+
+// A machine without a graphics driver, and nothing said about how to draw.
+void withoutGraphics(QProcessEnvironment &environment)
+{
+    for (const char *name : {"DISPLAY", "QT_QUICK_BACKEND", "QMLSCENE_DEVICE", "QT_XCB_GL_INTEGRATION"})
+        environment.remove(QString::fromLatin1(name));
 }
 
 // What the start-up timer logs on a first run: by then the document stands and the loop runs.
@@ -183,6 +223,97 @@ private slots:
         QVERIFY(!lines.isEmpty());
         for (const QString &line : lines)
             QVERIFY2(line.startsWith(QLatin1String("debug|")), qPrintable(line));
+    }
+
+    void needsNoGraphicsDriver()
+    {
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), QStringLiteral("C.UTF-8"),
+                  withoutGraphics);
+        QVERIFY2(panel.printed(kStarted), qPrintable(panel.output()));
+        panel.readOn(500);
+        QVERIFY2(panel.isRunning(), qPrintable(panel.output()));
+    }
+
+    // The operator asks for GL, and there is none.
+    void aWindowThatCannotBeDrawnIsASentence()
+    {
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), QStringLiteral("C.UTF-8"),
+                  [](QProcessEnvironment &environment) {
+                      withoutGraphics(environment);
+                      environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QString());
+                  });
+        QVERIFY2(panel.ended(), qPrintable(panel.output()));
+        QVERIFY2(!panel.crashed(), qPrintable(panel.output()));
+        QCOMPARE(panel.exitCode(), 3);
+        QVERIFY2(panel.output().contains(QLatin1String("critical|The panel cannot draw its window:")),
+                 qPrintable(panel.output()));
+    }
+
+    // A host name comes from the network and is logged by QML and C++: it stays within its line.
+    void aNameForgesNoLogLine()
+    {
+        const QString name = QStringLiteral("\x1b[2Jold\r\nini forged\t\u202egnp\u2066\u009b1m");
+        QDir().mkpath(QFileInfo(settingsPath()).absolutePath());
+        {
+            QSettings settings(settingsPath(), QSettings::IniFormat);
+            settings.setValue(QStringLiteral("connection/hostname"), name);
+        }
+        Run panel(QStringLiteral(PANEL_PROGRAM));
+        QVERIFY2(panel.printed(kStarted), qPrintable(panel.output()));
+        const QString shown = QStringLiteral("\\u001b[2Jold\\r\\nini forged\\t\\u202egnp\\u2066\\u009b1m");
+        const QStringList lines = panel.output().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(lines.filter(QStringLiteral("onRefreshConnection 1:")).filter(shown).size(), 1);
+        for (const QString &line : lines) {
+            QVERIFY2(line.startsWith(QLatin1String("debug|")), qPrintable(line));
+            for (const QChar character : line)
+                QVERIFY2(character.category() != QChar::Other_Control
+                             && character.category() != QChar::Other_Format,
+                         qPrintable(line));
+        }
+    }
+
+    void anObstacleBesideTheSettingsIsASentence_data()
+    {
+        QTest::addColumn<QString>("obstacle");
+        QTest::newRow("lock of another host") << "host";
+        QTest::newRow("folder of the lock's name") << "folder";
+        QTest::newRow("pipe of the lock's name") << "pipe";
+        QTest::newRow("pipe in the place of the file") << "file";
+    }
+
+    void anObstacleBesideTheSettingsIsASentence()
+    {
+        QFETCH(QString, obstacle);
+        const QString path = obstacle == QLatin1String("file") ? settingsPath() : lockPath();
+        QDir folder(QFileInfo(path).absolutePath());
+        QVERIFY(folder.removeRecursively() && folder.mkpath(QStringLiteral(".")));
+        if (obstacle == QLatin1String("host"))
+            writeLock(QStringLiteral("another-host"));
+        else if (obstacle == QLatin1String("folder"))
+            QVERIFY(QDir().mkpath(path));
+        else
+            QCOMPARE(mkfifo(qPrintable(path), 0600), 0);
+
+        Run panel(QStringLiteral(PANEL_PROGRAM));
+        QVERIFY2(panel.ended(5000), qPrintable(panel.output()));
+        QVERIFY(!panel.crashed());
+        QCOMPARE(panel.exitCode(), 2);
+        QVERIFY2(panel.output().contains(QLatin1String("critical|The settings of the panel")),
+                 qPrintable(panel.output()));
+        QVERIFY2(panel.output().contains(QDir::cleanPath(path)), qPrintable(panel.output()));
+        if (obstacle == QLatin1String("host"))
+            QVERIFY2(panel.output().contains(QLatin1String("on another-host")), qPrintable(panel.output()));
+        QVERIFY2(!panel.output().contains(QLatin1String("MainControl init")), qPrintable(panel.output()));
+    }
+
+    void theLockOfAKilledPanelIsNoObstacle()
+    {
+        storeLanguage(QStringLiteral("zh_TW"));
+        writeLock(QSysInfo::machineHostName());
+        Run panel(QStringLiteral(PANEL_PROGRAM));
+        QVERIFY2(panel.printed(kStarted), qPrintable(panel.output()));
+        QCOMPARE(storedLanguage(settingsPath()), QStringLiteral("zh_TW"));
+        QVERIFY(!QFile::exists(lockPath()));
     }
 
     void withoutADocumentTheProgramEnds()
