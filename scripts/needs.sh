@@ -1,5 +1,6 @@
 # Sourced by ./run and ./check: what the panel needs from Debian or Ubuntu, and the installing of what is missing.
 # Each line: package, then why.
+# shellcheck shell=sh disable=SC2034
 
 needs_to_run='
 g++                                 the compiler
@@ -43,6 +44,7 @@ gir1.2-pango-1.0                    the pictures
 '
 needs_to_lint='
 clang-tidy                          the habits of the code
+shellcheck                          the habits of the scripts
 '
 needs_to_fuzz='
 clang                               libFuzzer
@@ -60,14 +62,18 @@ install_needs() {
     done)
     [ -n "$missing" ] || return 0
     command -v apt-get >/dev/null 2>&1 || fail "This machine has no apt-get; install these by hand: $(printf '%s' "$missing" | cut -d'|' -f1 | tr '\n' ' ')"
+    packages=$(printf '%s\n' "$missing" | cut -d'|' -f1)
     say "These packages are missing and will be installed:"
     printf '%s\n' "$missing" | sed 's/|/: /; s/^/  /'
     as_root=
     if [ "$(id -u)" != 0 ]; then
-        command -v sudo >/dev/null 2>&1 || fail "Installing packages needs root: run this once as root, or install sudo."
         as_root=sudo
+        # shellcheck disable=SC2086
+        by_hand="Install them as root, then start this again:
+  apt-get update && apt-get install $(printf '%s ' $packages)"
+        command -v sudo >/dev/null 2>&1 || fail "Installing packages needs root, and there is no sudo here. $by_hand"
+        sudo -v || fail "Installing packages needs root, and sudo was refused. $by_hand"
     fi
-    packages=$(printf '%s\n' "$missing" | cut -d'|' -f1)
     log=$(mktemp)
     $as_root apt-get update >"$log" 2>&1 || { tail -n 5 "$log"; fail "The package lists could not be fetched: is the network up?"; }
     # shellcheck disable=SC2086
@@ -82,4 +88,4 @@ install_needs() {
 }
 
 # use_ccache: names the compiler cache to CMake where there is one.
-use_ccache() { command -v ccache >/dev/null 2>&1 && printf '%s' -DCMAKE_CXX_COMPILER_LAUNCHER=ccache || true; }
+use_ccache() { if command -v ccache >/dev/null 2>&1; then printf '%s' -DCMAKE_CXX_COMPILER_LAUNCHER=ccache; fi; }
