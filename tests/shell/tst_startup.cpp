@@ -75,6 +75,7 @@ public:
         m_output += QString::fromUtf8(m_process.readAll());
         return over;
     }
+    qint64 processId() const { return m_process.processId(); }
     bool isRunning() const { return m_process.state() == QProcess::Running; }
     int exitCode() const { return m_process.exitCode(); }
     bool crashed() const { return m_process.exitStatus() == QProcess::CrashExit; }
@@ -127,6 +128,44 @@ void withoutGraphics(QProcessEnvironment &environment)
     for (const char *name : {"DISPLAY", "QT_QUICK_BACKEND", "QMLSCENE_DEVICE", "QT_XCB_GL_INTEGRATION"})
         environment.remove(QString::fromLatin1(name));
 }
+
+// A display of the test's own, without a window manager.
+class VirtualDisplay
+{
+public:
+    VirtualDisplay()
+    {
+        m_server.start(QStringLiteral("Xvfb"),
+                       {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                        QStringLiteral("0"), QStringLiteral("1366x768x24"), QStringLiteral("-nolisten"),
+                        QStringLiteral("tcp")});
+        while (!m_server.canReadLine() && m_server.waitForReadyRead(kStartMs)) { }
+        m_number = QString::fromLatin1(m_server.readLine()).trimmed();
+    }
+    ~VirtualDisplay()
+    {
+        m_server.terminate();
+        m_server.waitForFinished(5000);
+    }
+    VirtualDisplay(const VirtualDisplay &) = delete;
+    VirtualDisplay &operator=(const VirtualDisplay &) = delete;
+
+    bool isGood() const { return !m_number.isEmpty(); }
+
+    // The program draws there, and nothing says how.
+    Environment environment() const
+    {
+        return [number = m_number](QProcessEnvironment &environment) {
+            withoutGraphics(environment);
+            environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+            environment.insert(QStringLiteral("DISPLAY"), QLatin1Char(':') + number);
+        };
+    }
+
+private:
+    QProcess m_server;
+    QString m_number;
+};
 
 // What the start-up timer logs on a first run: by then the document stands and the loop runs.
 const QString kStarted = QStringLiteral("ini is empty");
@@ -234,6 +273,22 @@ private slots:
         QVERIFY2(panel.isRunning(), qPrintable(panel.output()));
     }
 
+    // Neither the splash nor the window loads a driver, which would cost 50 MB and more.
+    void loadsNoGraphicsDriver()
+    {
+        const VirtualDisplay display;
+        QVERIFY2(display.isGood(), "Xvfb cannot be started");
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), QStringLiteral("C.UTF-8"),
+                  display.environment());
+        QVERIFY2(panel.printed(kStarted), qPrintable(panel.output()));
+        QFile maps(QStringLiteral("/proc/%1/maps").arg(panel.processId()));
+        QVERIFY(maps.open(QIODevice::ReadOnly));
+        const QByteArray libraries = maps.readAll();
+        QVERIFY(libraries.contains("libQt5Quick"));
+        for (const char *driver : {"libGLX_", "libEGL_", "_dri.so", "libgallium", "libLLVM"})
+            QVERIFY2(!libraries.contains(driver), driver);
+    }
+
     // The operator asks for GL, and there is none.
     void aWindowThatCannotBeDrawnIsASentence()
     {
@@ -303,6 +358,21 @@ private slots:
         QVERIFY2(panel.output().contains(QDir::cleanPath(path)), qPrintable(panel.output()));
         if (obstacle == QLatin1String("host"))
             QVERIFY2(panel.output().contains(QLatin1String("on another-host")), qPrintable(panel.output()));
+        QVERIFY2(!panel.output().contains(QLatin1String("MainControl init")), qPrintable(panel.output()));
+    }
+
+    // Where there is a screen, a window asks and the panel waits for the answer.
+    void anObstacleIsAskedAbout()
+    {
+        const VirtualDisplay display;
+        QVERIFY2(display.isGood(), "Xvfb cannot be started");
+        QVERIFY(QDir().mkpath(lockPath()));
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), QStringLiteral("C.UTF-8"),
+                  display.environment());
+        QVERIFY2(panel.printed(QStringLiteral("critical|The settings of the panel")),
+                 qPrintable(panel.output()));
+        panel.readOn(1000);
+        QVERIFY(panel.isRunning());
         QVERIFY2(!panel.output().contains(QLatin1String("MainControl init")), qPrintable(panel.output()));
     }
 
