@@ -349,8 +349,8 @@ private:
     struct AddressSetting;
     // Emits a refresh signal, or several, from the fields of the device object.
     using Tell = void (mainControl::*)();
-    // When an operation tells the interface. All of it happens on one thread: the two differ in the order
-    // of events alone, and that order is fixed operation by operation.
+    // When an operation emits what it has to tell: before or after the poll runs again. On one thread the two
+    // differ in the order of events alone; the order is fixed operation by operation (docs/oddities.md).
     enum Order { BeforeRestart, AfterRestart };
     using ColorSignal = void (mainControl::*)(QString, int, int, int, int, qreal, qreal);
 
@@ -358,7 +358,7 @@ private:
     // runs again. Nothing without a link.
     template <typename Call>
     void operate(Call call, Tell tell, Order order);
-    // The same for an operation that tells nothing; `arguments` follow the link method.
+    // The same for an operation that emits nothing; `arguments` follow the link method.
     template <typename Call, typename... Arguments>
     void forward(Call call, Arguments... arguments);
 

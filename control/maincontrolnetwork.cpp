@@ -20,7 +20,7 @@ constexpr int kWireDhcpOn = 1;
 constexpr uint kAfterDhcpOffMs = 500;
 constexpr uint kAfterSettingMs = 300;
 
-// Parts are counted, not read: what they hold is the discovery object's affair.
+// Parts are counted, not read: the discovery object reads them.
 bool hasFourParts(const QString &address)
 {
     return address.split(QLatin1Char('.')).size() == 4;
@@ -99,7 +99,7 @@ private:
         }
     }
 
-    // Under DHCP the addresses are the server's affair: only the mode and the name go out.
+    // Under DHCP the server sets the addresses: only the mode and the name go out.
     void sendDhcp()
     {
         if (!scanned.isdhcp) {
