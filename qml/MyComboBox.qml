@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "blocks"
 
 // The dark drop-down. The list is 300 high however few rows it holds.
 //
@@ -7,7 +8,6 @@ import QtQuick.Controls 2.5
 ComboBox {
     id: thiscombo
 
-    readonly property bool latin: qmlTranslator.currentLanguage() + qmlTranslator.e_str === "en_US"
     property alias popupHeight: myComboPopup.height
     property alias popupVisible: myComboPopup.visible
     property alias txtColor: contentText.color
@@ -26,19 +26,19 @@ ComboBox {
         padding: 0
         leftPadding: 5
         rightPadding: 6
-        topPadding: thiscombo.latin ? 2 : 0
-        bottomPadding: thiscombo.latin ? 0 : 2
+        topPadding: Look.textTop
+        bottomPadding: Look.textBottom
         highlighted: thiscombo.highlightedIndex === index
         contentItem: Text {
             text: modelData
-            color: highlighted ? "Black" : "#D8D8D8"
+            color: highlighted ? "Black" : Look.normal
             elide: Text.ElideRight
-            font.family: thiscombo.latin ? hlFontEnRegular.name : "Noto Sans CJK TC Regular"
+            font.family: Look.family(hlFontEnRegular)
             font.pixelSize: 18
             textFormat: Text.PlainText
             verticalAlignment: Text.AlignVCenter
         }
-        background: Rectangle { color: highlighted ? "#8DC6E8" : "#1F1F1F" }
+        background: Rectangle { color: highlighted ? Look.level : Look.fieldGround }
     }
 
     indicator: Canvas {
@@ -73,7 +73,7 @@ ComboBox {
         rightPadding: thiscombo.indicator.width + thiscombo.spacing
         topPadding: 2
         text: thiscombo.displayText
-        color: thiscombo.enabled ? "#D8D8D8" : "#7C828B"
+        color: thiscombo.enabled ? Look.normal : "#7C828B"
         elide: Text.ElideRight
         font.family: "Carlito"
         font.pixelSize: 18
@@ -84,8 +84,8 @@ ComboBox {
     background: Rectangle {
         implicitWidth: 150
         implicitHeight: 32
-        color: "#1F1F1F"
-        border.color: thiscombo.pressed ? "#000000" : "#0C0C0C"
+        color: Look.fieldGround
+        border.color: thiscombo.pressed ? Look.fieldBorder : "#0C0C0C"
         border.width: thiscombo.visualFocus ? 2 : 1
         radius: 2
     }
@@ -116,8 +116,8 @@ ComboBox {
         }
 
         background: Rectangle {
-            color: "#1F1F1F"
-            border.color: "#000000"
+            color: Look.fieldGround
+            border.color: Look.fieldBorder
             radius: 2
         }
     }

@@ -12,7 +12,7 @@ Image {
 
     property var sliderGrooveImgSource: "qrc:/img/pc/img_slider_01_chromakey.png"
     property var sliderHandleImgSource: "qrc:/img/pc/btn_n_slider_chromakey.png"
-    property var sliderCurrentLevelColor: "#8DC6E8"
+    property var sliderCurrentLevelColor: Look.level
     property var sliderTextLeftText: ""
     property var sliderTextRightText: ""
     property alias bgImageSource: control.source
@@ -35,13 +35,26 @@ Image {
     signal buttonIncreaseClicked()
     signal textFieldChanged()
 
+    function step(by, name) {
+        console.log(name, control.sliderValue, slider.value)
+        // By one, whatever the step of the slider is.
+        if (by < 0 ? slider.value > slider.minimumValue : slider.value < slider.maximumValue) {
+            slider.value = slider.value + by
+            if (by < 0)
+                control.buttonDecreaseClicked()
+            else
+                control.buttonIncreaseClicked()
+        }
+        console.log(name, control.sliderValue, slider.value)
+    }
+
     function enableItem(setEnable) {
         var state = setEnable ? "n" : "d"
-        txtTitle.color = setEnable ? "#D8D8D8" : "#333333"
-        sliderCurrentLevelColor = setEnable ? "#8DC6E8" : "#5E5E5E"
+        txtTitle.color = Look.text(setEnable)
+        sliderCurrentLevelColor = setEnable ? Look.level : Look.deadLevel
         slider.enabled = setEnable
         sliderHandleImgSource = "qrc:/img/pc/btn_" + state + "_slider_chromakey.png"
-        itemText.color = setEnable ? "#D8D8D8" : "#333333"
+        itemText.color = Look.text(setEnable)
         btnDecreaseImage.source = "qrc:/img/pc/btn_" + state + "_reduce_s_chromakey.png"
         btnIncreaseImage.source = "qrc:/img/pc/btn_" + state + "_increase_s_chromakey.png"
     }
@@ -87,18 +100,10 @@ Image {
                     source: "qrc:/img/pc/btn_n_reduce_s_chromakey.png"
                 }
                 onPressedChanged: {
-                    if (pressed) {
-                        btnDecreaseImage.source = "qrc:/img/pc/btn_p_reduce_s_chromakey.png"
-                        return
-                    }
-                    console.log("Item Decreased:", control.sliderValue, slider.value)
-                    // By one, whatever the step of the slider is.
-                    if (slider.value > slider.minimumValue) {
-                        slider.value = slider.value - 1
-                        control.buttonDecreaseClicked()
-                    }
-                    console.log("Item Decreased:", control.sliderValue, slider.value)
-                    btnDecreaseImage.source = "qrc:/img/pc/btn_n_reduce_s_chromakey.png"
+                    if (!pressed)
+                        control.step(-1, "Item Decreased:")
+                    btnDecreaseImage.source = "qrc:/img/pc/btn_" + (pressed ? "p" : "n")
+                            + "_reduce_s_chromakey.png"
                 }
             }
 
@@ -111,34 +116,20 @@ Image {
                     source: "qrc:/img/pc/btn_n_increase_s_chromakey.png"
                 }
                 onPressedChanged: {
-                    if (pressed) {
-                        btnIncreaseImage.source = "qrc:/img/pc/btn_p_increase_s_chromakey.png"
-                        return
-                    }
-                    console.log("Item Increased:", control.sliderValue, slider.value)
-                    if (slider.value < slider.maximumValue) {
-                        slider.value = slider.value + 1
-                        control.buttonIncreaseClicked()
-                    }
-                    console.log("Item Increased:", control.sliderValue, slider.value)
-                    btnIncreaseImage.source = "qrc:/img/pc/btn_n_increase_s_chromakey.png"
+                    if (!pressed)
+                        control.step(1, "Item Increased:")
+                    btnIncreaseImage.source = "qrc:/img/pc/btn_" + (pressed ? "p" : "n")
+                            + "_increase_s_chromakey.png"
                 }
             }
         }
 
-        DarkTextField {
+        NumberField {
             id: txtValue
-            width: 106
-            height: 40
-            rightPadding: 10
-            font.pixelSize: 22
-            horizontalAlignment: TextInput.AlignRight
             text: slider.value
             maximumLength: 6
-            validator: IntValidator {
-                bottom: control.sliderMin
-                top: control.sliderMax
-            }
+            lowest: control.sliderMin
+            highest: control.sliderMax
             onAccepted: {
                 console.log("MyItem TextFieldAccepted:", slider.value, txtValue.text)
                 control.textFieldChanged()

@@ -7,322 +7,180 @@ import "blocks/Pictures.js" as Pictures
 Item {
     id: pageAuxLumakeyItem
 
-    property bool auxLumakeyOn: false
     property bool layerSwapOn: false
     property int keyMode: 0
     property string sourcePath: Pictures.folder(qmlTranslator.currentLanguage())
     // Start values that the sliders take while the document loads are no changes.
-    property bool started: false
+    property bool settling: true
 
-    // The value of a row: its slider, or the typed text where this row's field was just accepted.
-    function valueFor(row, typedRow) {
-        return row === typedRow ? row.textValue : row.sliderValue
-    }
-
-    // Swap time comes before opacity, although the rows stand the other way round.
-    function sendLumaKey(typedRow) {
-        mainObject.setLumaKey(auxLumakeyOn, keyMode, valueFor(auxLumakeyCutoff, typedRow),
-                              valueFor(auxLumakeySoftness, typedRow), layerSwapOn ? 1 : 0,
-                              valueFor(auxLumakeySwaptime, typedRow), valueFor(auxLumakeyOpacity, typedRow))
-    }
+    // Names that other documents and tests use.
+    property alias auxLumakeyOn: pageAL_ContentArea01.switchedOn
+    property alias pageAL_ContentHeaderWindow: pageAL_ContentArea01.header
+    property alias btnAuxLumakeyFolder: pageAL_ContentArea01.foldButton
+    property alias auxLumakeyTitle: pageAL_ContentArea01.titleItem
+    property alias btnAuxLumakeySwitch: pageAL_ContentArea01.switchButton
+    property alias btnAuxLumakeySwitchImage: pageAL_ContentArea01.switchButton
+    property alias btnAuxLumakeyReset: pageAL_ContentArea01.resetButton
+    property alias btnAuxLumakeyResetImage: pageAL_ContentArea01.resetButton
+    property alias btnAuxLumakeyKeymodeBlackImage: black.mark
+    property alias txtAuxLumakeyKeymodeBlack: black.word
+    property alias btnAuxLumakeyKeymodeWhiteImage: white.mark
+    property alias txtAuxLumakeyKeymodeWhite: white.word
+    property alias btnAuxLumakeyLayerSwitchImage: btnAuxLumakeyLayerSwitch
 
     function sendSoon() {
-        if (started)
+        if (!settling)
             timerALSliderCommand.start()
-    }
-
-    function lumaKeyTyped(row) {
-        sendLumaKey(row)
-        mainObject.msecSleep(100)
-        mainObject.getLumaKey()
-    }
-
-    function radioFace(letter) {
-        return "qrc:/img/pc/btn_" + letter + "_radio_lumakey.png"
     }
 
     function chooseKeyMode(mode) {
         keyMode = mode
-        btnAuxLumakeyKeymodeBlackImage.source = radioFace(mode === 0 ? "s" : "n")
-        btnAuxLumakeyKeymodeWhiteImage.source = radioFace(mode === 1 ? "s" : "n")
-        sendLumaKey(null)
+        showKeyMode()
+        pageAL_ContentArea01.send(null)
     }
 
-    function enableParts(on) {
-        var textColor = on ? "#D8D8D8" : "#333333"
-        btnAuxLumakeySwitchImage.source = sourcePath + Pictures.switchFace(on)
-        btnAuxLumakeyResetImage.source = sourcePath + Pictures.resetFace(on)
-        auxLumakeyCutoff.enableItem(on)
-        auxLumakeySoftness.enableItem(on)
-        auxLumakeyOpacity.enableItem(on)
-        auxLumakeySwaptime.enableItem(on)
-        auxLumakeyKeymode.color = textColor
-        auxLumakeyLayer.color = textColor
-        btnAuxLumakeyLayerSwitch.enabled = on
-        btnAuxLumakeyKeymodeBlackImage.enabled = on
-        btnAuxLumakeyKeymodeWhiteImage.enabled = on
-        txtAuxLumakeyKeymodeBlack.enabled = on
-        txtAuxLumakeyKeymodeWhite.enabled = on
-        txtAuxLumakeyKeymodeBlack.color = textColor
-        txtAuxLumakeyKeymodeWhite.color = textColor
+    function showKeyMode() {
+        black.show(keyMode === 0 ? "s" : "n")
+        white.show(keyMode === 1 ? "s" : "n")
     }
 
-    function showOn() {
-        enableParts(true)
-        btnAuxLumakeyLayerSwitchImage.source = sourcePath + Pictures.switchFace(layerSwapOn)
-        btnAuxLumakeyKeymodeBlackImage.source = radioFace(keyMode === 0 ? "s" : "n")
-        btnAuxLumakeyKeymodeWhiteImage.source = radioFace(keyMode === 1 ? "s" : "n")
-    }
-
-    function showOff() {
-        enableParts(false)
-        btnAuxLumakeyLayerSwitchImage.source = sourcePath + Pictures.deadSwitchFace(layerSwapOn)
-        btnAuxLumakeyKeymodeBlackImage.source = radioFace("d")
-        btnAuxLumakeyKeymodeWhiteImage.source = radioFace("d")
+    function showLayer(on) {
+        btnAuxLumakeyLayerSwitch.source = sourcePath + (on ? Pictures.switchFace(layerSwapOn)
+                                                           : Pictures.deadSwitchFace(layerSwapOn))
     }
 
     anchors.topMargin: 10
     anchors.leftMargin: 30
     width: 1160
     height: 610
-    Component.onCompleted: started = true
+    Component.onCompleted: settling = false
 
-    Item {
+    GroupSection {
         id: pageAL_ContentArea01
         implicitHeight: 74 * 6
-        width: 1110
-
-        InputLine {
-            id: pageAL_ContentHeaderWindow
-
-            // This section does not fold: the mark only stands where the other pages have it.
-            Image {
-                id: btnAuxLumakeyFolder
-                x: 12
-                anchors.verticalCenter: parent.verticalCenter
-                source: "qrc:/img/pc/btn_n_show_dashboard.png"
-            }
-
-            SectionTitle {
-                id: auxLumakeyTitle
-                text: qsTr("Aux Lumakey") + qmlTranslator.e_str
-            }
-
-            FaceButton {
-                id: btnAuxLumakeySwitch
-                anchors.left: auxLumakeyTitle.right
-                anchors.leftMargin: 50
-                anchors.verticalCenter: parent.verticalCenter
-                background: Image {
-                    id: btnAuxLumakeySwitchImage
-                    source: sourcePath + "btn_switch_off_dashboard.png"
-                }
-                onClicked: {
-                    if (auxLumakeyOn)
-                        showOff()
-                    else
-                        showOn()
-                    auxLumakeyOn = !auxLumakeyOn
-                    sendLumaKey(null)
-                }
-            }
-
-            FaceButton {
-                id: btnAuxLumakeyReset
-                anchors.right: parent.right
-                anchors.rightMargin: 20
-                anchors.verticalCenter: parent.verticalCenter
-                background: Image {
-                    id: btnAuxLumakeyResetImage
-                    source: sourcePath + "btn_n_reset_dashboard.png"
-                }
-                onPressedChanged: {
-                    if (pressed) {
-                        btnAuxLumakeyResetImage.source = sourcePath + "btn_p_reset_dashboard.png"
-                        return
-                    }
-                    btnAuxLumakeyResetImage.source = sourcePath + "btn_n_reset_dashboard.png"
-                    mainObject.resetLumaKey()
-                }
+        clip: false
+        foldable: false
+        openWhenOff: true
+        switchedOn: false
+        title: qsTr("Aux Lumakey") + qmlTranslator.e_str
+        rows: [auxLumakeyCutoff, auxLumakeySoftness, auxLumakeyOpacity, auxLumakeySwaptime]
+        // Swap time comes before opacity, although the rows stand the other way round.
+        onSend: {
+            if (typedRow === auxLumakeyCutoff)
+                console.log("onTExtFieldChanged")
+            if (typedRow === auxLumakeyOpacity)
+                console.log("on Aux Opacity TExtFieldChanged")
+            mainObject.setLumaKey(auxLumakeyOn, keyMode, auxLumakeyCutoff.value(typedRow),
+                                  auxLumakeySoftness.value(typedRow), layerSwapOn ? 1 : 0,
+                                  auxLumakeySwaptime.value(typedRow), auxLumakeyOpacity.value(typedRow))
+        }
+        onRead: mainObject.getLumaKey()
+        onReset: mainObject.resetLumaKey()
+        // The page starts switched off, but with its parts drawn and answering as if on: they go grey with the
+        // first refresh or click.
+        onShown: {
+            auxLumakeyKeymode.color = Look.text(on)
+            auxLumakeyLayer.color = Look.text(on)
+            black.live = on
+            white.live = on
+            btnAuxLumakeyLayerSwitch.enabled = on
+            showLayer(on)
+            if (on) {
+                showKeyMode()
+            } else {
+                black.show("d")
+                white.show("d")
             }
         }
 
-        Column {
-            anchors.top: pageAL_ContentHeaderWindow.bottom
+        // Key mode
+        InputLine {
+            PanelText {
+                id: auxLumakeyKeymode
+                x: 48
+                anchors.verticalCenter: parent.verticalCenter
+                width: 200
+                text: qsTr("Key Mode:") + qmlTranslator.e_str
+            }
 
-            // Key mode
-            InputLine {
-                PanelText {
-                    id: auxLumakeyKeymode
-                    x: 48
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 200
-                    text: qsTr("Key Mode:") + qmlTranslator.e_str
-                }
+            RadioChoice {
+                id: black
+                x: 298
+                anchors.verticalCenter: parent.verticalCenter
+                word.text: qsTr("Black") + qmlTranslator.e_str
+                onPicked: chooseKeyMode(0)
+                Component.onCompleted: show("s")
+            }
 
-                Image {
-                    id: btnAuxLumakeyKeymodeBlackImage
-                    anchors.left: auxLumakeyKeymode.right
-                    anchors.leftMargin: 50
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 26
-                    height: 26
-                    source: radioFace("s")
+            RadioChoice {
+                id: white
+                x: 524
+                anchors.verticalCenter: parent.verticalCenter
+                word.text: qsTr("White") + qmlTranslator.e_str
+                onPicked: chooseKeyMode(1)
+            }
+        }
 
-                    MouseArea {
-                        anchors.fill: parent
-                        onPressedChanged: {
-                            if (pressed)
-                                btnAuxLumakeyKeymodeBlackImage.source = radioFace("p")
-                            else
-                                chooseKeyMode(0)
-                        }
-                    }
-                }
+        GroupRow {
+            id: auxLumakeyCutoff
+            section: pageAL_ContentArea01
+            title: qsTr("Cut Off:") + qmlTranslator.e_str
+        }
 
-                PanelText {
-                    id: txtAuxLumakeyKeymodeBlack
-                    anchors.left: btnAuxLumakeyKeymodeBlackImage.right
-                    anchors.leftMargin: 10
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 150
-                    text: qsTr("Black") + qmlTranslator.e_str
+        GroupRow {
+            id: auxLumakeySoftness
+            section: pageAL_ContentArea01
+            title: qsTr("Softness:") + qmlTranslator.e_str
+        }
 
-                    MouseArea {
-                        anchors.fill: parent
-                        onPressedChanged: {
-                            if (pressed)
-                                btnAuxLumakeyKeymodeBlackImage.source = radioFace("p")
-                            else
-                                chooseKeyMode(0)
-                        }
-                    }
-                }
+        GroupRow {
+            id: auxLumakeyOpacity
+            section: pageAL_ContentArea01
+            title: qsTr("Opacity:") + qmlTranslator.e_str
+        }
 
-                Image {
-                    id: btnAuxLumakeyKeymodeWhiteImage
-                    anchors.left: btnAuxLumakeyKeymodeBlackImage.right
-                    anchors.leftMargin: 200
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 26
-                    height: 26
-                    source: radioFace("n")
+        // Layer
+        InputLine {
+            PanelText {
+                id: auxLumakeyLayer
+                x: 48
+                anchors.verticalCenter: parent.verticalCenter
+                width: 200
+                text: qsTr("Layer Swap:") + qmlTranslator.e_str
+            }
 
-                    MouseArea {
-                        anchors.fill: parent
-                        onPressedChanged: {
-                            if (pressed)
-                                btnAuxLumakeyKeymodeWhiteImage.source = radioFace("p")
-                            else
-                                chooseKeyMode(1)
-                        }
-                    }
-                }
-
-                PanelText {
-                    id: txtAuxLumakeyKeymodeWhite
-                    anchors.left: btnAuxLumakeyKeymodeWhiteImage.right
-                    anchors.leftMargin: 10
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 150
-                    text: qsTr("White") + qmlTranslator.e_str
-
-                    MouseArea {
-                        anchors.fill: parent
-                        onPressedChanged: {
-                            if (pressed)
-                                btnAuxLumakeyKeymodeWhiteImage.source = radioFace("p")
-                            else
-                                chooseKeyMode(1)
-                        }
-                    }
+            FaceButton {
+                id: btnAuxLumakeyLayerSwitch
+                x: 298
+                anchors.verticalCenter: parent.verticalCenter
+                source: sourcePath + Pictures.switchFace(false)
+                onClicked: {
+                    layerSwapOn = !layerSwapOn
+                    showLayer(true)
+                    pageAL_ContentArea01.send(null)
+                    mainObject.msecSleep(100)
+                    mainObject.getLumaKey()
                 }
             }
 
-            MyControlItem {
-                id: auxLumakeyCutoff
-                title: qsTr("Cut Off:") + qmlTranslator.e_str
-                sliderMax: 1000
-                itemButtonDecrease.enabled: auxLumakeyOn
-                itemButtonIncrease.enabled: auxLumakeyOn
-                onSliderValueChanged: sendSoon()
-                onTextFieldChanged: {
-                    console.log("onTExtFieldChanged")
-                    lumaKeyTyped(auxLumakeyCutoff)
-                }
+            PanelText {
+                id: auxLumakeyLayerMessage
+                anchors.left: btnAuxLumakeyLayerSwitch.right
+                anchors.leftMargin: 24
+                anchors.verticalCenter: parent.verticalCenter
+                width: 200
+                color: "#8BC7EA"
+                font.pixelSize: 18
+                text: (layerSwapOn ? qsTr("Chromakey on top") : qsTr("Lumakey on top"))
+                      + qmlTranslator.e_str
             }
-            MyControlItem {
-                id: auxLumakeySoftness
-                title: qsTr("Softness:") + qmlTranslator.e_str
-                sliderMax: 1000
-                itemButtonDecrease.enabled: auxLumakeyOn
-                itemButtonIncrease.enabled: auxLumakeyOn
-                onSliderValueChanged: sendSoon()
-                onTextFieldChanged: lumaKeyTyped(auxLumakeySoftness)
-            }
-            MyControlItem {
-                id: auxLumakeyOpacity
-                title: qsTr("Opacity:") + qmlTranslator.e_str
-                sliderMax: 1000
-                itemButtonDecrease.enabled: auxLumakeyOn
-                itemButtonIncrease.enabled: auxLumakeyOn
-                onSliderValueChanged: sendSoon()
-                onTextFieldChanged: {
-                    console.log("on Aux Opacity TExtFieldChanged")
-                    lumaKeyTyped(auxLumakeyOpacity)
-                }
-            }
+        }
 
-            // Layer
-            InputLine {
-                PanelText {
-                    id: auxLumakeyLayer
-                    x: 48
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 200
-                    text: qsTr("Layer Swap:") + qmlTranslator.e_str
-                }
-
-                FaceButton {
-                    id: btnAuxLumakeyLayerSwitch
-                    anchors.left: auxLumakeyLayer.right
-                    anchors.leftMargin: 50
-                    anchors.verticalCenter: parent.verticalCenter
-                    background: Image {
-                        id: btnAuxLumakeyLayerSwitchImage
-                        source: sourcePath + "btn_switch_off_dashboard.png"
-                    }
-                    onClicked: {
-                        btnAuxLumakeyLayerSwitchImage.source = sourcePath + Pictures.switchFace(!layerSwapOn)
-                        layerSwapOn = !layerSwapOn
-                        sendLumaKey(null)
-                        mainObject.msecSleep(100)
-                        mainObject.getLumaKey()
-                    }
-                }
-
-                PanelText {
-                    id: auxLumakeyLayerMessage
-                    anchors.left: btnAuxLumakeyLayerSwitch.right
-                    anchors.leftMargin: 24
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 200
-                    color: "#8BC7EA"
-                    font.pixelSize: 18
-                    text: (layerSwapOn ? qsTr("Chromakey on top") : qsTr("Lumakey on top"))
-                          + qmlTranslator.e_str
-                }
-            }
-
-            MyControlItem {
-                id: auxLumakeySwaptime
-                title: qsTr("Swap Time:") + qmlTranslator.e_str
-                sliderMax: 20
-                itemButtonDecrease.enabled: auxLumakeyOn
-                itemButtonIncrease.enabled: auxLumakeyOn
-                onSliderValueChanged: sendSoon()
-                onTextFieldChanged: lumaKeyTyped(auxLumakeySwaptime)
-            }
+        GroupRow {
+            id: auxLumakeySwaptime
+            section: pageAL_ContentArea01
+            title: qsTr("Swap Time:") + qmlTranslator.e_str
+            sliderMax: 20
         }
     }
 
@@ -331,13 +189,9 @@ Item {
 
         onRefreshLumaKey: {
             console.log("onRefreshLumaKey:", auxLumakeyOn, keyMode, layerSwapOn)
-            auxLumakeyOn = enable
             keyMode = keymode
             layerSwapOn = layer !== 0
-            if (auxLumakeyOn)
-                showOn()
-            else
-                showOff()
+            pageAL_ContentArea01.show(enable)
             auxLumakeyCutoff.sliderValue = cutoff
             auxLumakeySoftness.sliderValue = softness
             auxLumakeyOpacity.sliderValue = opa
@@ -351,9 +205,8 @@ Item {
         onLanguageChanged: {
             sourcePath = Pictures.folder(qmlTranslator.currentLanguage())
             // Disabled faces whatever the state is: they stand until the next refresh or click.
-            btnAuxLumakeyResetImage.source = sourcePath + "btn_d_reset_dashboard.png"
-            btnAuxLumakeyLayerSwitchImage.source = sourcePath + Pictures.deadSwitchFace(layerSwapOn)
-            btnAuxLumakeySwitchImage.source = sourcePath + Pictures.switchFace(auxLumakeyOn)
+            pageAL_ContentArea01.showReset("d")
+            showLayer(false)
             console.log("onLanguageChanged(Lumakey)")
         }
     }
@@ -362,6 +215,6 @@ Item {
     Timer {
         id: timerALSliderCommand
         interval: 50
-        onTriggered: sendLumaKey(null)
+        onTriggered: pageAL_ContentArea01.send(null)
     }
 }

@@ -265,7 +265,7 @@ Item {
                 onReset: mainObject.resetCKBright()
             }
 
-            KeySection {
+            GroupSection {
                 id: pageCK_ContentArea04
                 height: 150
                 command: Command.shadow
@@ -276,7 +276,7 @@ Item {
                 onRead: mainObject.getCKShadow()
                 onReset: mainObject.resetCKShadow()
 
-                KeyRow {
+                GroupRow {
                     id: shadow
                     section: pageCK_ContentArea04
                     title: qsTr("Shadow:") + qmlTranslator.e_str

@@ -8,11 +8,6 @@ Item {
     id: pageInputItem
 
     property string sourcePath: Pictures.folder(qmlTranslator.currentLanguage())
-    property bool freezeFG: false
-    property bool freezeBG: false
-    property bool freezeAUX: false
-    property bool genlockOn: true
-    property bool genlockFolded: false
     // One-shot guards. The first two swallow the first two index changes of the source combo, whoever caused
     // them (the combo's own step to its first entry is one); the others the first value written to a slider.
     property bool ignoreGenHRefresh: true
@@ -21,7 +16,28 @@ Item {
     property bool ignoreGenVInit: true
     property int commandIndex: 0
     // Start values that the sliders take while the document loads are no changes.
-    property bool started: false
+    property bool settling: true
+
+    // Names that other documents and tests use.
+    property alias genlockOn: pageInput_ContentGenlock.switchedOn
+    property alias genlockFolded: pageInput_ContentGenlock.folded
+    property alias pageInput_ContentHeaderGenlock: pageInput_ContentGenlock.header
+    property alias foldAnimationGenlock: pageInput_ContentGenlock.foldAnimation
+    property alias btnGenlockFolder: pageInput_ContentGenlock.foldButton
+    property alias genlockTitle: pageInput_ContentGenlock.titleItem
+    property alias btnGenlockSwitch: pageInput_ContentGenlock.switchButton
+    property alias btnGenlockReset: pageInput_ContentGenlock.resetButton
+    property alias itemOffset: pageInput_ContentGenlock.body
+    property alias txtFGRes: fgLine.resolution
+    property alias txtBGRes: bgLine.resolution
+    property alias txtAuxRes: auxLine.resolution
+    property alias txtSyncRes: syncLine.resolution
+    property alias imgFGFreeze: fgLine.freezeSwitch
+    property alias imgBGFreeze: bgLine.freezeSwitch
+    property alias imgAUXFreeze: auxLine.freezeSwitch
+    property alias freezeFG: fgLine.frozen
+    property alias freezeBG: bgLine.frozen
+    property alias freezeAUX: auxLine.frozen
 
     function sendInput() {
         mainObject.setVInSource(comboFGSource.currentIndex, 0, 0, freezeFG, freezeBG, freezeAUX, genlockOn,
@@ -34,19 +50,13 @@ Item {
         input_timerSliderCommand.start()
     }
 
-    function showGenlock(on) {
-        horizontalOffset.enableItem(on)
-        verticalOffset.enableItem(on)
-        btnGenlockReset.enabled = on
-    }
-
     function showResolution(field, code) {
         if (code >= 0 && code <= 32)
             field.text = listResolution.get(code).modelData
     }
 
     anchors.leftMargin: 30
-    Component.onCompleted: started = true
+    Component.onCompleted: settling = false
 
     ListModel {
         id: listInputSource
@@ -57,303 +67,119 @@ Item {
     Column {
         padding: 10
 
-        // Headers
         InputLine {
             Row {
                 x: 20
                 anchors.verticalCenter: parent.verticalCenter
                 spacing: 100
 
-                PanelText {
-                    width: 100
-                    color: "#788194"
-                    font.bold: true
-                    text: qsTr("Type") + qmlTranslator.e_str
-                }
-                PanelText {
+                ColumnTitle { text: qsTr("Type") + qmlTranslator.e_str }
+                ColumnTitle {
                     width: 150
-                    color: "#788194"
-                    font.bold: true
                     text: qsTr("Source") + qmlTranslator.e_str
                 }
-                PanelText {
-                    width: 100
-                    color: "#788194"
-                    font.bold: true
-                    text: qsTr("Status") + qmlTranslator.e_str
-                }
-                PanelText {
-                    width: 100
-                    color: "#788194"
-                    font.bold: true
-                    text: qsTr("Freeze") + qmlTranslator.e_str
-                }
+                ColumnTitle { text: qsTr("Status") + qmlTranslator.e_str }
+                ColumnTitle { text: qsTr("Freeze") + qmlTranslator.e_str }
             }
         }
 
-        // Foreground
-        InputLine {
-            Row {
-                x: 20
+        SignalLine {
+            id: fgLine
+            name: qsTr("FG") + qmlTranslator.e_str
+            onSwitched: sendInput()
+
+            MyComboBox {
+                id: comboFGSource
+                width: 150
+                height: 32
                 anchors.verticalCenter: parent.verticalCenter
-                spacing: 100
-
-                PanelText {
-                    width: 100
-                    text: qsTr("FG") + qmlTranslator.e_str
-                }
-                MyComboBox {
-                    id: comboFGSource
-                    width: 150
-                    height: 32
-                    anchors.verticalCenter: parent.verticalCenter
-                    textRole: "name"
-                    model: listInputSource
-                    onCurrentIndexChanged: {
-                        console.log("comboFGSource index changed:", currentIndex)
-                        if (ignoreGenHRefresh) {
-                            ignoreGenHRefresh = false
-                            return
-                        }
-                        if (ignoreGenVRefresh) {
-                            ignoreGenVRefresh = false
-                            return
-                        }
-                        sendInput()
-                        console.log("comboFGSource index changed BBB:", currentIndex)
+                textRole: "name"
+                model: listInputSource
+                onCurrentIndexChanged: {
+                    console.log("comboFGSource index changed:", currentIndex)
+                    if (ignoreGenHRefresh) {
+                        ignoreGenHRefresh = false
+                        return
                     }
-                }
-                PanelText {
-                    id: txtFGRes
-                    width: 100
-                    text: "1080p59"
-                }
-                Image {
-                    id: imgFGFreeze
-                    anchors.verticalCenter: parent.verticalCenter
-                    source: sourcePath + Pictures.switchFace(freezeFG)
-
-                    MouseArea {
-                        anchors.fill: parent
-                        onClicked: {
-                            freezeFG = !freezeFG
-                            sendInput()
-                        }
+                    if (ignoreGenVRefresh) {
+                        ignoreGenVRefresh = false
+                        return
                     }
+                    sendInput()
+                    console.log("comboFGSource index changed BBB:", currentIndex)
                 }
             }
         }
 
-        // Background
-        InputLine {
-            Row {
-                x: 20
-                anchors.verticalCenter: parent.verticalCenter
-                spacing: 100
-
-                PanelText {
-                    width: 100
-                    text: qsTr("BG") + qmlTranslator.e_str
-                }
-                Item {
-                    width: 150
-                    height: 34
-                }
-                PanelText {
-                    id: txtBGRes
-                    width: 100
-                    text: "1080p59"
-                }
-                Image {
-                    id: imgBGFreeze
-                    anchors.verticalCenter: parent.verticalCenter
-                    source: sourcePath + Pictures.switchFace(freezeBG)
-
-                    MouseArea {
-                        anchors.fill: parent
-                        onClicked: {
-                            freezeBG = !freezeBG
-                            sendInput()
-                        }
-                    }
-                }
-            }
+        SignalLine {
+            id: bgLine
+            name: qsTr("BG") + qmlTranslator.e_str
+            onSwitched: sendInput()
         }
 
-        // Auxiliary
-        InputLine {
-            Row {
-                x: 20
-                anchors.verticalCenter: parent.verticalCenter
-                spacing: 100
-
-                PanelText {
-                    width: 100
-                    text: qsTr("AUX") + qmlTranslator.e_str
-                }
-                Item {
-                    width: 150
-                    height: 34
-                }
-                PanelText {
-                    id: txtAuxRes
-                    width: 100
-                    text: "1080p59"
-                }
-                Image {
-                    id: imgAUXFreeze
-                    anchors.verticalCenter: parent.verticalCenter
-                    source: sourcePath + Pictures.switchFace(freezeAUX)
-
-                    MouseArea {
-                        anchors.fill: parent
-                        onClicked: {
-                            freezeAUX = !freezeAUX
-                            sendInput()
-                        }
-                    }
-                }
-            }
+        SignalLine {
+            id: auxLine
+            name: qsTr("AUX") + qmlTranslator.e_str
+            onSwitched: sendInput()
         }
 
-        // External sync
-        InputLine {
-            Row {
-                x: 20
-                anchors.verticalCenter: parent.verticalCenter
-                spacing: 100
-
-                PanelText {
-                    width: 100
-                    text: qsTr("EXT.SYNC") + qmlTranslator.e_str
-                }
-                Item {
-                    width: 150
-                    height: 34
-                }
-                PanelText {
-                    id: txtSyncRes
-                    width: 100
-                    text: "1080p59"
-                }
-            }
+        SignalLine {
+            id: syncLine
+            freezes: false
+            name: qsTr("EXT.SYNC") + qmlTranslator.e_str
         }
 
-        // Genlock
-        Item {
+        GroupSection {
             id: pageInput_ContentGenlock
-
-            function foldTo(h) {
-                foldAnimationGenlock.to = h
-                foldAnimationGenlock.restart()
-            }
-
-            width: 1110
             height: 75 * 3
-            clip: true
+            openHeight: 75 * 3
+            contentVisible: !folded
+            title: qsTr("Genlock") + qmlTranslator.e_str
+            rows: [horizontalOffset, verticalOffset]
+            onSend: sendInput()
+            onReset: mainObject.resetGenlock()
 
-            NumberAnimation {
-                id: foldAnimationGenlock
-                target: pageInput_ContentGenlock
-                property: "height"
-                duration: 200
+            MyControlItem {
+                id: horizontalOffset
+                title: qsTr("Horizontal Offset:") + qmlTranslator.e_str
+                sliderMin: -5500
+                sliderMax: 5500
+                onSliderValueChanged: {
+                    if (settling)
+                        return
+                    console.log("Slider Changed")
+                    if (ignoreGenHInit)
+                        ignoreGenHInit = false
+                    else
+                        sendSoon(1)
+                }
+                onTextFieldChanged: sliderValue = itemText.number()
             }
 
-            InputLine {
-                id: pageInput_ContentHeaderGenlock
-
-                FoldButton {
-                    id: btnGenlockFolder
-                    folded: genlockFolded
-                    onClicked: {
-                        pageInput_ContentGenlock.foldTo(genlockFolded ? 75 * 3
-                                                                      : pageInput_ContentHeaderGenlock.height)
-                        genlockFolded = !genlockFolded
-                    }
+            MyControlItem {
+                id: verticalOffset
+                title: qsTr("Vertical Offset:") + qmlTranslator.e_str
+                sliderMin: -500
+                sliderMax: 500
+                onSliderValueChanged: {
+                    if (settling)
+                        return
+                    console.log("Slider Changed")
+                    if (ignoreGenVInit)
+                        ignoreGenVInit = false
+                    else
+                        sendSoon(2)
                 }
-
-                SectionTitle {
-                    id: genlockTitle
-                    text: qsTr("Genlock") + qmlTranslator.e_str
-                }
-
-                FaceButton {
-                    id: btnGenlockSwitch
-                    anchors.left: genlockTitle.right
-                    anchors.leftMargin: 50
-                    anchors.verticalCenter: parent.verticalCenter
-                    source: sourcePath + Pictures.switchFace(genlockOn)
-                    onClicked: {
-                        showGenlock(!genlockOn)
-                        genlockOn = !genlockOn
-                        sendInput()
-                    }
-                }
-
-                PanelText {
-                    id: txtGenlockStatus
-                    anchors.left: btnGenlockSwitch.right
-                    anchors.leftMargin: 108
-                    anchors.verticalCenter: parent.verticalCenter
-                    width: 200
-                    text: qsTr("Unlocked") + qmlTranslator.e_str
-                }
-
-                FaceButton {
-                    id: btnGenlockReset
-                    anchors.right: parent.right
-                    anchors.rightMargin: 20
-                    anchors.verticalCenter: parent.verticalCenter
-                    source: sourcePath + (pressed ? "btn_p_reset_dashboard.png" : Pictures.resetFace(enabled))
-                    onPressedChanged: {
-                        if (!pressed)
-                            mainObject.resetGenlock()
-                    }
-                }
+                onTextFieldChanged: sliderValue = itemText.number()
             }
 
-            Item {
-                id: itemOffset
-                anchors.top: pageInput_ContentHeaderGenlock.bottom
-                width: 1110
-                height: 74 * 2
-                visible: !genlockFolded
-                enabled: genlockOn && !genlockFolded
-
-                Column {
-                    MyControlItem {
-                        id: horizontalOffset
-                        title: qsTr("Horizontal Offset:") + qmlTranslator.e_str
-                        sliderMin: -5500
-                        sliderMax: 5500
-                        onSliderValueChanged: {
-                            if (!started)
-                                return
-                            console.log("Slider Changed")
-                            if (ignoreGenHInit)
-                                ignoreGenHInit = false
-                            else
-                                sendSoon(1)
-                        }
-                        onTextFieldChanged: sliderValue = parseInt(textValue)
-                    }
-                    MyControlItem {
-                        id: verticalOffset
-                        title: qsTr("Vertical Offset:") + qmlTranslator.e_str
-                        sliderMin: -500
-                        sliderMax: 500
-                        onSliderValueChanged: {
-                            if (!started)
-                                return
-                            console.log("Slider Changed")
-                            if (ignoreGenVInit)
-                                ignoreGenVInit = false
-                            else
-                                sendSoon(2)
-                        }
-                        onTextFieldChanged: sliderValue = parseInt(textValue)
-                    }
-                }
+            PanelText {
+                id: txtGenlockStatus
+                parent: pageInput_ContentHeaderGenlock
+                x: btnGenlockSwitch.x + btnGenlockSwitch.width + 108
+                y: 20
+                width: 200
+                text: qsTr("Unlocked") + qmlTranslator.e_str
             }
         }
     }
@@ -382,8 +208,7 @@ Item {
         }
 
         onRefreshGenlock: {
-            genlockOn = gen !== 0
-            showGenlock(genlockOn)
+            pageInput_ContentGenlock.show(gen !== 0)
             horizontalOffset.sliderValue = gen_h
             verticalOffset.sliderValue = gen_v
         }

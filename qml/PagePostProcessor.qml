@@ -8,86 +8,30 @@ import "blocks/Pictures.js" as Pictures
 Item {
     id: pagePostProcessorItem
 
-    property bool fgPostAmpOn: true
-    property bool fgCorrectOn: true
-    property bool bgBlurOn: true
-    property bool area01Folded: false
-    property bool area02Folded: false
-    property bool area03Folded: false
+    property alias fgPostAmpOn: pagePP_ContentArea01.switchedOn
+    property alias fgCorrectOn: pagePP_ContentArea02.switchedOn
+    property alias bgBlurOn: pagePP_ContentArea03.switchedOn
+    property alias area01Folded: pagePP_ContentArea01.folded
+    property alias area02Folded: pagePP_ContentArea02.folded
+    property alias area03Folded: pagePP_ContentArea03.folded
+    property alias pagePP_ContentHeader01: pagePP_ContentArea01.header
+    property alias pagePP_ContentHeader02: pagePP_ContentArea02.header
+    property alias pagePP_ContentHeader03: pagePP_ContentArea03.header
     property var commandIndex: 0
     property string sourcePath: Pictures.folder(qmlTranslator.currentLanguage())
     // Start values that the sliders take while the document loads are no changes.
-    property bool started: false
+    property bool settling: true
 
-    // The value of a row: its slider, or the typed text where this row's field was just accepted.
-    function valueFor(row, typedRow) {
-        return row === typedRow ? row.textValue : row.sliderValue
-    }
-
-    function sendPostAmp(typedRow) {
-        mainObject.setPPFGPostAmp(fgPostAmpOn,
-                                  valueFor(ppfgBrightness, typedRow), valueFor(ppfgContrast, typedRow),
-                                  valueFor(ppfgSaturation, typedRow), valueFor(ppfgHue, typedRow))
-    }
-
-    function sendCorrector(typedRow) {
-        mainObject.setPPFGRGBCorrect(fgCorrectOn,
-                                     valueFor(ppfgRWhiteLevel, typedRow), valueFor(ppfgRBlackLevel, typedRow),
-                                     valueFor(ppfgGWhiteLevel, typedRow), valueFor(ppfgGBlackLevel, typedRow),
-                                     valueFor(ppfgBWhiteLevel, typedRow), valueFor(ppfgBBlackLevel, typedRow))
-    }
-
-    function sendBlur(typedRow) {
-        mainObject.setBGBlur(bgBlurOn, valueFor(ppbgBlurValue, typedRow), valueFor(ppbgBlurTime, typedRow))
-    }
-
-    function postAmpTyped(row) {
-        sendPostAmp(row)
-        mainObject.msecSleep(100)
-        mainObject.getPPFGPostAmp()
-    }
-
-    function correctorTyped(row) {
-        sendCorrector(row)
-        mainObject.msecSleep(100)
-        mainObject.getPPFGRGBCorrect()
-    }
-
-    function blurTyped(row) {
-        sendBlur(row)
-        mainObject.msecSleep(100)
-        mainObject.getBGBlur()
-    }
+    readonly property var sections: [pagePP_ContentArea01, pagePP_ContentArea02, pagePP_ContentArea03]
 
     function sendSoon(command) {
-        if (!started)
+        if (settling)
             return
         commandIndex = command
         timerPPSliderCommand.start()
     }
 
-    // The reset keeps answering while its switch is off: only its face turns grey.
-    function showSection(header, rows, on) {
-        header.switchSource = sourcePath + Pictures.switchFace(on)
-        header.resetSource = sourcePath + Pictures.resetFace(on)
-        for (var i = 0; i < rows.length; ++i)
-            rows[i].enableItem(on)
-    }
-
-    function showPostAmp(on) {
-        showSection(pagePP_ContentHeader01, [ppfgHue, ppfgSaturation, ppfgContrast, ppfgBrightness], on)
-    }
-
-    function showCorrector(on) {
-        showSection(pagePP_ContentHeader02, [ppfgRWhiteLevel, ppfgRBlackLevel, ppfgGWhiteLevel,
-                                             ppfgGBlackLevel, ppfgBWhiteLevel, ppfgBBlackLevel], on)
-    }
-
-    function showBlur(on) {
-        showSection(pagePP_ContentHeader03, [ppbgBlurValue, ppbgBlurTime], on)
-    }
-
-    Component.onCompleted: started = true
+    Component.onCompleted: settling = false
 
     ScrollView {
         id: scrollContent
@@ -109,274 +53,146 @@ Item {
             width: 1110
             height: scrollContent.contentHeight
 
-            // Foreground processing amplifier
-            Item {
+            GroupSection {
                 id: pagePP_ContentArea01
-
-                function foldTo(h) {
-                    foldAnimation01.to = h
-                    foldAnimation01.restart()
-                }
-
-                width: 1110
                 height: 74 * 5
-                clip: true
+                openHeight: 74 * 5
+                command: 1
+                openWhenOff: true
+                contentVisible: !folded
+                title: qsTr("FG PostAmp") + qmlTranslator.e_str
+                rows: [ppfgHue, ppfgSaturation, ppfgContrast, ppfgBrightness]
+                onSend: {
+                    mainObject.setPPFGPostAmp(fgPostAmpOn, ppfgBrightness.value(typedRow), ppfgContrast.value(typedRow),
+                                              ppfgSaturation.value(typedRow), ppfgHue.value(typedRow))
+                }
+                onRead: mainObject.getPPFGPostAmp()
+                onReset: mainObject.resetPPFGPostAmp()
 
-                NumberAnimation {
-                    id: foldAnimation01
-                    target: pagePP_ContentArea01
-                    property: "height"
-                    duration: 200
+                GroupRow {
+                    id: ppfgHue
+                    section: pagePP_ContentArea01
+                    title: qsTr("Hue:") + qmlTranslator.e_str
+                    sliderMin: -180
+                    sliderMax: 180
                 }
 
-                SectionHeader {
-                    id: pagePP_ContentHeader01
-                    title: qsTr("FG PostAmp") + qmlTranslator.e_str
-                    folded: area01Folded
-                    switchSource: sourcePath + "btn_switch_on_dashboard.png"
-                    resetSource: sourcePath + "btn_n_reset_dashboard.png"
-                    onFoldClicked: {
-                        pagePP_ContentArea01.foldTo(area01Folded ? 74 * 5 : height)
-                        area01Folded = !area01Folded
-                    }
-                    onSwitchClicked: {
-                        showPostAmp(!fgPostAmpOn)
-                        fgPostAmpOn = !fgPostAmpOn
-                        sendPostAmp(null)
-                    }
-                    onResetPressedDown: resetSource = sourcePath + "btn_p_reset_dashboard.png"
-                    onResetReleased: {
-                        resetSource = sourcePath + "btn_n_reset_dashboard.png"
-                        mainObject.resetPPFGPostAmp()
-                    }
+                GroupRow {
+                    id: ppfgSaturation
+                    section: pagePP_ContentArea01
+                    title: qsTr("Saturation:") + qmlTranslator.e_str
+                    sliderValue: 500
                 }
 
-                Column {
-                    anchors.top: pagePP_ContentHeader01.bottom
-                    enabled: !area01Folded
-                    visible: !area01Folded
+                GroupRow {
+                    id: ppfgContrast
+                    section: pagePP_ContentArea01
+                    title: qsTr("Contrast:") + qmlTranslator.e_str
+                    sliderValue: 500
+                }
 
-                    MyControlItem {
-                        id: ppfgHue
-                        title: qsTr("Hue:") + qmlTranslator.e_str
-                        sliderMin: -180
-                        sliderMax: 180
-                        itemButtonDecrease.enabled: fgPostAmpOn
-                        itemButtonIncrease.enabled: fgPostAmpOn
-                        onSliderValueChanged: sendSoon(1)
-                        onTextFieldChanged: postAmpTyped(ppfgHue)
-                    }
-                    MyControlItem {
-                        id: ppfgSaturation
-                        title: qsTr("Saturation:") + qmlTranslator.e_str
-                        sliderMax: 1000
-                        sliderValue: 500
-                        itemButtonDecrease.enabled: fgPostAmpOn
-                        itemButtonIncrease.enabled: fgPostAmpOn
-                        onSliderValueChanged: sendSoon(1)
-                        onTextFieldChanged: postAmpTyped(ppfgSaturation)
-                    }
-                    MyControlItem {
-                        id: ppfgContrast
-                        title: qsTr("Contrast:") + qmlTranslator.e_str
-                        sliderMax: 1000
-                        sliderValue: 500
-                        itemButtonDecrease.enabled: fgPostAmpOn
-                        itemButtonIncrease.enabled: fgPostAmpOn
-                        onSliderValueChanged: sendSoon(1)
-                        onTextFieldChanged: postAmpTyped(ppfgContrast)
-                    }
-                    MyControlItem {
-                        id: ppfgBrightness
-                        title: qsTr("Brightness:") + qmlTranslator.e_str
-                        sliderMax: 1000
-                        sliderValue: 500
-                        itemButtonDecrease.enabled: fgPostAmpOn
-                        itemButtonIncrease.enabled: fgPostAmpOn
-                        onSliderValueChanged: sendSoon(1)
-                        onTextFieldChanged: postAmpTyped(ppfgBrightness)
-                    }
+                GroupRow {
+                    id: ppfgBrightness
+                    section: pagePP_ContentArea01
+                    title: qsTr("Brightness:") + qmlTranslator.e_str
+                    sliderValue: 500
                 }
             }
 
-            // Foreground RGB corrector
-            Item {
+            GroupSection {
                 id: pagePP_ContentArea02
-
-                function foldTo(h) {
-                    foldAnimation02.to = h
-                    foldAnimation02.restart()
-                }
-
                 anchors.top: pagePP_ContentArea01.bottom
                 anchors.topMargin: 20
-                width: 1110
                 height: 74 * 7
-                clip: true
+                openHeight: 74 * 7
+                command: 2
+                openWhenOff: true
+                contentVisible: !folded
+                title: qsTr("FG Corrector") + qmlTranslator.e_str
+                rows: [ppfgRWhiteLevel, ppfgRBlackLevel, ppfgGWhiteLevel, ppfgGBlackLevel, ppfgBWhiteLevel,
+                       ppfgBBlackLevel]
+                onSend: {
+                    mainObject.setPPFGRGBCorrect(fgCorrectOn, ppfgRWhiteLevel.value(typedRow),
+                                                 ppfgRBlackLevel.value(typedRow),
+                                                 ppfgGWhiteLevel.value(typedRow),
+                                                 ppfgGBlackLevel.value(typedRow),
+                                                 ppfgBWhiteLevel.value(typedRow),
+                                                 ppfgBBlackLevel.value(typedRow))
+                }
+                onRead: mainObject.getPPFGRGBCorrect()
+                onReset: mainObject.resetPPFGRGBCorrect()
 
-                NumberAnimation {
-                    id: foldAnimation02
-                    target: pagePP_ContentArea02
-                    property: "height"
-                    duration: 200
+                GroupRow {
+                    id: ppfgRWhiteLevel
+                    section: pagePP_ContentArea02
+                    title: qsTr("R White Level:") + qmlTranslator.e_str
                 }
 
-                SectionHeader {
-                    id: pagePP_ContentHeader02
-                    title: qsTr("FG Corrector") + qmlTranslator.e_str
-                    folded: area02Folded
-                    switchSource: sourcePath + "btn_switch_on_dashboard.png"
-                    resetSource: sourcePath + "btn_n_reset_dashboard.png"
-                    onFoldClicked: {
-                        pagePP_ContentArea02.foldTo(area02Folded ? 74 * 7 : height)
-                        area02Folded = !area02Folded
-                    }
-                    onSwitchClicked: {
-                        showCorrector(!fgCorrectOn)
-                        fgCorrectOn = !fgCorrectOn
-                        sendCorrector(null)
-                    }
-                    onResetPressedDown: resetSource = sourcePath + "btn_p_reset_dashboard.png"
-                    onResetReleased: {
-                        resetSource = sourcePath + "btn_n_reset_dashboard.png"
-                        mainObject.resetPPFGRGBCorrect()
-                    }
+                GroupRow {
+                    id: ppfgRBlackLevel
+                    section: pagePP_ContentArea02
+                    title: qsTr("R Black Level:") + qmlTranslator.e_str
+                    // This row names no group: a move of it sends whatever group was active last, and
+                    // nothing before any was. Its value travels with every move of the other five.
+                    command: commandIndex
                 }
 
-                Column {
-                    anchors.top: pagePP_ContentHeader02.bottom
-                    enabled: !area02Folded
-                    visible: !area02Folded
+                GroupRow {
+                    id: ppfgGWhiteLevel
+                    section: pagePP_ContentArea02
+                    title: qsTr("G White Level:") + qmlTranslator.e_str
+                }
 
-                    MyControlItem {
-                        id: ppfgRWhiteLevel
-                        title: qsTr("R White Level:") + qmlTranslator.e_str
-                        sliderMax: 1000
-                        itemButtonDecrease.enabled: fgCorrectOn
-                        itemButtonIncrease.enabled: fgCorrectOn
-                        onSliderValueChanged: sendSoon(2)
-                        onTextFieldChanged: correctorTyped(ppfgRWhiteLevel)
-                    }
-                    MyControlItem {
-                        id: ppfgRBlackLevel
-                        title: qsTr("R Black Level:") + qmlTranslator.e_str
-                        sliderMax: 1000
-                        itemButtonDecrease.enabled: fgCorrectOn
-                        itemButtonIncrease.enabled: fgCorrectOn
-                        // This row names no group: a move of it sends whatever group was active last, and
-                        // nothing before any was. Its value travels with every move of the other five.
-                        onSliderValueChanged: sendSoon(commandIndex)
-                        onTextFieldChanged: correctorTyped(ppfgRBlackLevel)
-                    }
-                    MyControlItem {
-                        id: ppfgGWhiteLevel
-                        title: qsTr("G White Level:") + qmlTranslator.e_str
-                        sliderMax: 1000
-                        itemButtonDecrease.enabled: fgCorrectOn
-                        itemButtonIncrease.enabled: fgCorrectOn
-                        onSliderValueChanged: sendSoon(2)
-                        onTextFieldChanged: correctorTyped(ppfgGWhiteLevel)
-                    }
-                    MyControlItem {
-                        id: ppfgGBlackLevel
-                        title: qsTr("G Black Level:") + qmlTranslator.e_str
-                        sliderMax: 1000
-                        itemButtonDecrease.enabled: fgCorrectOn
-                        itemButtonIncrease.enabled: fgCorrectOn
-                        onSliderValueChanged: sendSoon(2)
-                        onTextFieldChanged: correctorTyped(ppfgGBlackLevel)
-                    }
-                    MyControlItem {
-                        id: ppfgBWhiteLevel
-                        title: qsTr("B White Level:") + qmlTranslator.e_str
-                        sliderMax: 1000
-                        itemButtonDecrease.enabled: fgCorrectOn
-                        itemButtonIncrease.enabled: fgCorrectOn
-                        onSliderValueChanged: sendSoon(2)
-                        onTextFieldChanged: correctorTyped(ppfgBWhiteLevel)
-                    }
-                    MyControlItem {
-                        id: ppfgBBlackLevel
-                        title: qsTr("B Black Level:") + qmlTranslator.e_str
-                        sliderMax: 1000
-                        itemButtonDecrease.enabled: fgCorrectOn
-                        itemButtonIncrease.enabled: fgCorrectOn
-                        onSliderValueChanged: sendSoon(2)
-                        onTextFieldChanged: correctorTyped(ppfgBBlackLevel)
-                    }
+                GroupRow {
+                    id: ppfgGBlackLevel
+                    section: pagePP_ContentArea02
+                    title: qsTr("G Black Level:") + qmlTranslator.e_str
+                }
+
+                GroupRow {
+                    id: ppfgBWhiteLevel
+                    section: pagePP_ContentArea02
+                    title: qsTr("B White Level:") + qmlTranslator.e_str
+                }
+
+                GroupRow {
+                    id: ppfgBBlackLevel
+                    section: pagePP_ContentArea02
+                    title: qsTr("B Black Level:") + qmlTranslator.e_str
                 }
             }
 
-            // Background blur
-            Item {
+            GroupSection {
                 id: pagePP_ContentArea03
-
-                function foldTo(h) {
-                    foldAnimation03.to = h
-                    foldAnimation03.restart()
-                }
-
                 anchors.top: pagePP_ContentArea02.bottom
                 anchors.topMargin: 20
-                width: 1110
                 height: 74 * 5
-                clip: true
+                openHeight: 74 * 5
+                command: 3
+                openWhenOff: true
+                contentVisible: !folded
+                title: qsTr("BG Blur") + qmlTranslator.e_str
+                rows: [ppbgBlurValue, ppbgBlurTime]
+                onSend: {
+                    if (typedRow === ppbgBlurValue)
+                        console.log("onBlurTExtFieldChanged")
+                    mainObject.setBGBlur(bgBlurOn, ppbgBlurValue.value(typedRow), ppbgBlurTime.value(typedRow))
+                }
+                onRead: mainObject.getBGBlur()
+                onReset: mainObject.resetBGBlur()
 
-                NumberAnimation {
-                    id: foldAnimation03
-                    target: pagePP_ContentArea03
-                    property: "height"
-                    duration: 200
+                GroupRow {
+                    id: ppbgBlurValue
+                    section: pagePP_ContentArea03
+                    title: qsTr("Blur Level:") + qmlTranslator.e_str
+                    sliderMax: 100
                 }
 
-                SectionHeader {
-                    id: pagePP_ContentHeader03
-                    title: qsTr("BG Blur") + qmlTranslator.e_str
-                    folded: area03Folded
-                    switchSource: sourcePath + "btn_switch_on_dashboard.png"
-                    resetSource: sourcePath + "btn_n_reset_dashboard.png"
-                    onFoldClicked: {
-                        pagePP_ContentArea03.foldTo(area03Folded ? 74 * 5 : height)
-                        area03Folded = !area03Folded
-                    }
-                    onSwitchClicked: {
-                        showBlur(!bgBlurOn)
-                        bgBlurOn = !bgBlurOn
-                        sendBlur(null)
-                    }
-                    onResetPressedDown: resetSource = sourcePath + "btn_p_reset_dashboard.png"
-                    onResetReleased: {
-                        resetSource = sourcePath + "btn_n_reset_dashboard.png"
-                        mainObject.resetBGBlur()
-                    }
-                }
-
-                Column {
-                    anchors.top: pagePP_ContentHeader03.bottom
-                    enabled: !area03Folded
-                    visible: !area03Folded
-
-                    MyControlItem {
-                        id: ppbgBlurValue
-                        title: qsTr("Blur Level:") + qmlTranslator.e_str
-                        sliderMax: 100
-                        itemButtonDecrease.enabled: bgBlurOn
-                        itemButtonIncrease.enabled: bgBlurOn
-                        onSliderValueChanged: sendSoon(3)
-                        onTextFieldChanged: {
-                            console.log("onBlurTExtFieldChanged")
-                            blurTyped(ppbgBlurValue)
-                        }
-                    }
-                    MyControlItem {
-                        id: ppbgBlurTime
-                        title: qsTr("Blur Time:") + qmlTranslator.e_str
-                        sliderMax: 20
-                        itemButtonDecrease.enabled: bgBlurOn
-                        itemButtonIncrease.enabled: bgBlurOn
-                        onSliderValueChanged: sendSoon(3)
-                        onTextFieldChanged: blurTyped(ppbgBlurTime)
-                    }
+                GroupRow {
+                    id: ppbgBlurTime
+                    section: pagePP_ContentArea03
+                    title: qsTr("Blur Time:") + qmlTranslator.e_str
+                    sliderMax: 20
                 }
             }
         }
@@ -386,8 +202,7 @@ Item {
         target: mainObject
 
         onRefreshPPFGPostAmp: {
-            fgPostAmpOn = enable
-            showPostAmp(enable)
+            pagePP_ContentArea01.show(enable)
             ppfgBrightness.sliderValue = bright
             ppfgContrast.sliderValue = contrast
             ppfgSaturation.sliderValue = sat
@@ -396,8 +211,7 @@ Item {
         }
 
         onRefreshPPFGRGBCorrector: {
-            fgCorrectOn = enable
-            showCorrector(enable)
+            pagePP_ContentArea02.show(enable)
             ppfgRWhiteLevel.sliderValue = rWhite
             ppfgRBlackLevel.sliderValue = rBlack
             ppfgGWhiteLevel.sliderValue = gWhite
@@ -408,8 +222,7 @@ Item {
 
         onRefreshPPBGBlur: {
             console.log("onRefreshPPBGBlur")
-            bgBlurOn = enable
-            showBlur(enable)
+            pagePP_ContentArea03.show(enable)
             ppbgBlurValue.sliderValue = blurvalue
             ppbgBlurTime.sliderValue = blurtime
         }
@@ -420,13 +233,8 @@ Item {
 
         onLanguageChanged: {
             sourcePath = Pictures.folder(qmlTranslator.currentLanguage())
-            pagePP_ContentHeader01.switchSource = sourcePath + Pictures.switchFace(fgPostAmpOn)
-            pagePP_ContentHeader02.switchSource = sourcePath + Pictures.switchFace(fgCorrectOn)
-            pagePP_ContentHeader03.switchSource = sourcePath + Pictures.switchFace(bgBlurOn)
             // The resets come back in their normal face, also where the switch is off.
-            pagePP_ContentHeader01.resetSource = sourcePath + "btn_n_reset_dashboard.png"
-            pagePP_ContentHeader02.resetSource = sourcePath + "btn_n_reset_dashboard.png"
-            pagePP_ContentHeader03.resetSource = sourcePath + "btn_n_reset_dashboard.png"
+            sections.forEach(function (section) { section.showReset("n") })
             console.log("onLanguageChanged(PostPro)")
         }
     }
@@ -436,14 +244,10 @@ Item {
         id: timerPPSliderCommand
         interval: 50
         onTriggered: {
-            if (commandIndex === 1)
-                sendPostAmp(null)
-            else if (commandIndex === 2)
-                sendCorrector(null)
-            else if (commandIndex === 3) {
+            if (commandIndex === 3)
                 console.log("Command BG Blur ", bgBlurOn, ppbgBlurValue.sliderValue, ppbgBlurTime.sliderValue)
-                sendBlur(null)
-            }
+            if (commandIndex > 0)
+                sections[commandIndex - 1].send(null)
         }
     }
 }

@@ -6,6 +6,8 @@ import QtQuick 2.12
 Item {
     id: foldingSection
 
+    property alias foldAnimation: foldAnimation
+
     function foldTo(h) {
         foldAnimation.to = h
         foldAnimation.restart()

@@ -81,27 +81,26 @@ InputLine {
         }
     }
 
-    DarkTextField {
+    NumberField {
         id: angleField
         x: 746
         y: 17
-        width: 106
-        height: 40
         enabled: openAngleRow.live
         color: openAngleRow.live ? "#D8D8D8" : "#333333"
-        rightPadding: 10
-        font.pixelSize: 22
-        horizontalAlignment: TextInput.AlignRight
         text: angleSlider.value
         maximumLength: 4
-        validator: IntValidator {
-            bottom: angleSlider.minimumValue
-            top: angleSlider.maximumValue
-        }
-        // Each keystroke moves the slider. An emptied field is a number not yet typed.
+        lowest: angleSlider.minimumValue
+        highest: angleSlider.maximumValue
+        // Each keystroke moves the slider. An emptied field or a lone sign is a number not yet typed: it moves
+        // nothing, and when the operator leaves it the field shows the slider again.
         onTextChanged: {
-            if (text !== "")
-                angleSlider.value = parseInt(text)
+            var typed = number()
+            if (!isNaN(typed))
+                angleSlider.value = typed
+        }
+        onActiveFocusChanged: {
+            if (!activeFocus)
+                text = Qt.binding(function() { return angleSlider.value })
         }
     }
 }

@@ -1,4 +1,5 @@
 import QtQuick 2.12
+import "."
 
 // One value of the colour under the cursor with its label, 80 x 26. Chinese labels are wider.
 //
@@ -20,7 +21,7 @@ Item {
 
     PanelText {
         id: valueText
-        x: labelText.latin ? 26 : 50
+        x: Look.latin ? 26 : 50
         height: parent.height
         color: "#757575"
         font.pixelSize: 18

@@ -2,7 +2,7 @@ import QtQuick 2.12
 
 // The header row of a foldable section: fold mark, title, switch, reset.
 //
-// Properties: title; folded (the chevron); hasSwitch; switchSource, resetSource (pictures, written by the
+// Properties: title; folded (the chevron); foldable (else the mark only stands there); hasSwitch; switchSource, resetSource (pictures, written by the
 //             page); resetEnabled.
 // Signals:    foldClicked(), switchClicked(), resetPressedDown(), resetReleased().
 InputLine {
@@ -10,10 +10,12 @@ InputLine {
 
     property alias title: sectionTitle.text
     property alias folded: foldButton.folded
+    property alias foldable: foldButton.enabled
     property alias hasSwitch: switchButton.visible
     property alias switchSource: switchButton.source
     property alias resetSource: resetButton.source
     property alias resetEnabled: resetButton.enabled
+    property alias titleItem: sectionTitle
     property alias foldButton: foldButton
     property alias switchButton: switchButton
     property alias resetButton: resetButton

@@ -3,7 +3,7 @@ import "../blocks"
 import "Command.js" as Command
 
 // Edge fix: how far the key's edges draw in on both sides, and how soft they are.
-KeySection {
+GroupSection {
     id: edgeSection
 
     property alias shrinkLeft: shrinkLeft
@@ -38,7 +38,7 @@ KeySection {
         }
     }
 
-    KeyRow {
+    GroupRow {
         id: shrinkLeft
         section: edgeSection
         textValueMaxlength: 2
@@ -51,7 +51,7 @@ KeySection {
         }
     }
 
-    KeyRow {
+    GroupRow {
         id: shrinkRight
         section: edgeSection
         textValueMaxlength: 2
@@ -59,7 +59,7 @@ KeySection {
         sliderMax: 50
     }
 
-    KeyRow {
+    GroupRow {
         id: softEdge
         section: edgeSection
         title: qsTranslate("PageChromakey", "Soft Edge") + qmlTranslator.e_str

@@ -6,7 +6,7 @@ import "Command.js" as Command
 //
 // Signals: pick(), a click on the pen.
 // Reads colorDialog, ckColorR, ckColorG, ckColorB, colorBKH, colorBKS and colorBKL of the page.
-KeySection {
+GroupSection {
     id: matteSection
 
     property alias chromaItem01: chromaItem01
@@ -43,7 +43,7 @@ KeySection {
     }
 
     function sendColor() {
-        mainObject.setBKColor(txtBGR.text, txtBGG.text, txtBGB.text, 0)
+        mainObject.setBKColor(txtBGR.number(), txtBGG.number(), txtBGB.number(), 0)
     }
 
     function keyAutomatically() {
@@ -196,13 +196,13 @@ KeySection {
             onValueChanged: sendSoon(Command.angle)
         }
 
-        KeyRow {
+        GroupRow {
             id: blackLevel
             section: matteSection
             title: qsTranslate("PageChromakey", "Black Level:") + qmlTranslator.e_str
         }
 
-        KeyRow {
+        GroupRow {
             id: whiteLevel
             section: matteSection
             visible: !folded

@@ -68,20 +68,16 @@ Row {
         }
     }
 
-    DarkTextField {
+    NumberField {
         id: positionField
         width: 64
-        height: 40
         topInset: 9
         bottomInset: 9
         rightPadding: 5
-        horizontalAlignment: TextInput.AlignRight
         font.pixelSize: 20
         text: pickerAxis.position
-        validator: IntValidator {
-            bottom: 0
-            top: pickerAxis.last + 1
-        }
-        onAccepted: pickerAxis.type(parseInt(text))
+        lowest: 0
+        highest: pickerAxis.last + 1
+        onAccepted: pickerAxis.type(number())
     }
 }

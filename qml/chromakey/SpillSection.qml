@@ -5,7 +5,7 @@ import "Command.js" as Command
 
 // Spill suppression: three defaults of the unit, and the values that it or the operator starts from there.
 // The enhance row and both check boxes show nowhere, but travel in every command.
-KeySection {
+GroupSection {
     id: spillSection
 
     property var spillDefault: 0
@@ -112,13 +112,13 @@ KeySection {
         }
     }
 
-    KeyRow {
+    GroupRow {
         id: spillSuppression
         section: spillSection
         title: qsTranslate("PageChromakey", "Spill Suppression:") + qmlTranslator.e_str
     }
 
-    KeyRow {
+    GroupRow {
         id: spillEnhance
         section: spillSection
         visible: false
@@ -133,7 +133,7 @@ KeySection {
         }
     }
 
-    KeyRow {
+    GroupRow {
         id: spillBalance
         section: spillSection
         sliderTextLeftText: qsTranslate("PageChromakey", "Cool") + qmlTranslator.e_str
@@ -141,7 +141,7 @@ KeySection {
         title: qsTranslate("PageChromakey", "Spill Balance:") + qmlTranslator.e_str
     }
 
-    KeyRow {
+    GroupRow {
         id: edgeBrightness
         section: spillSection
         title: qsTranslate("PageChromakey", "Edge Brightness:") + qmlTranslator.e_str

@@ -6,7 +6,7 @@ import "../blocks"
 //
 // Properties: level, density, balance (rows, whose words come from the page).
 // Functions:  report(enable, level, density, balance) shows what the unit reports.
-KeySection {
+GroupSection {
     id: stage
 
     property alias level: level
@@ -23,18 +23,18 @@ KeySection {
     height: density.visible ? 296 : 150
     rows: [level, density, balance]
 
-    KeyRow {
+    GroupRow {
         id: level
         section: stage
     }
 
-    KeyRow {
+    GroupRow {
         id: density
         section: stage
         visible: false
     }
 
-    KeyRow {
+    GroupRow {
         id: balance
         section: stage
         visible: false
