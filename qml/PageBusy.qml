@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "blocks"
 
 // The spinner of the start-up mask: eight dots on a circle, one turn in six seconds.
 BusyIndicator {
@@ -41,7 +42,7 @@ BusyIndicator {
                     implicitWidth: 10
                     implicitHeight: 10
                     radius: 5
-                    color: "#8DC6E8"
+                    color: Look.level
                     transform: [
                         Translate { y: -Math.min(item.width, item.height) * 0.5 + 5 },
                         Rotation {

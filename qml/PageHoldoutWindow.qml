@@ -12,6 +12,8 @@ Item {
     // Names that other documents and tests use.
     property alias holdoutWindowOn: form.switchedOn
     property alias holdoutInvertOn: form.invertOn
+    property alias pageGM_ContentArea01: form
+    property alias pageGM_ContentHeaderWindow: form.header
     property alias btnWindowFolder: form.foldButton
     property alias windowTitle: form.titleItem
     property alias btnWindowSwitch: form.switchButton

@@ -63,7 +63,8 @@ Item {
                 title: qsTr("FG PostAmp") + qmlTranslator.e_str
                 rows: [ppfgHue, ppfgSaturation, ppfgContrast, ppfgBrightness]
                 onSend: {
-                    mainObject.setPPFGPostAmp(fgPostAmpOn, ppfgBrightness.value(typedRow), ppfgContrast.value(typedRow),
+                    mainObject.setPPFGPostAmp(fgPostAmpOn, ppfgBrightness.value(typedRow),
+                                              ppfgContrast.value(typedRow),
                                               ppfgSaturation.value(typedRow), ppfgHue.value(typedRow))
                 }
                 onRead: mainObject.getPPFGPostAmp()

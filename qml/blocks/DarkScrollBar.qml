@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "."
 
 // The scroll bar of a page, 12 wide: the handle is 8 wide and turns blue while it is dragged.
 ScrollBar {
@@ -14,6 +15,6 @@ ScrollBar {
     contentItem: Rectangle {
         implicitWidth: 8
         radius: 4
-        color: darkScrollBar.pressed ? "#8DC6E8" : "#384A64"
+        color: darkScrollBar.pressed ? Look.level : "#384A64"
     }
 }

@@ -1,6 +1,7 @@
 import QtQuick 2.12
 import QtQuick.Controls 1.4 as QQC14
 import QtQuick.Controls.Styles 1.4
+import "."
 
 // The slider of the panel, 346 x 6, in whole steps, deaf to the wheel.
 //
@@ -11,7 +12,7 @@ QQC14.Slider {
 
     property url grooveSource: "qrc:/img/pc/img_slider_01_chromakey.png"
     property url handleSource: "qrc:/img/pc/btn_n_slider_chromakey.png"
-    property color levelColor: "#8DC6E8"
+    property color levelColor: Look.level
     property string leftText: ""
     property string rightText: ""
 

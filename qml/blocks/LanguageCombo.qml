@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "."
 
 // The small drop-down of the header. It is always set in the Latin family: its entries name themselves.
 //
@@ -26,7 +27,7 @@ ComboBox {
             font.pixelSize: 14
             verticalAlignment: Text.AlignVCenter
         }
-        background: Rectangle { color: highlighted ? "#8DC6E8" : "black" }
+        background: Rectangle { color: highlighted ? Look.level : "black" }
     }
 
     indicator: Image {

@@ -1,4 +1,5 @@
 import QtQuick 2.12
+import "."
 
 // An entry of the left menu; whoever uses it says whether it is the selected one.
 //
@@ -15,7 +16,7 @@ Image {
         id: entryText
         anchors { top: parent.top; topMargin: 15; left: parent.left; leftMargin: 24 }
         height: 28
-        color: "#949494"
+        color: Look.entry
     }
 
     MouseArea {

@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "."
 
 // A check box of the output band, as wide in every language.
 CheckBox {
@@ -18,7 +19,7 @@ CheckBox {
     contentItem: PanelText {
         leftPadding: 26
         text: mirrorCheckBox.text
-        color: mirrorCheckBox.enabled ? "#949494" : "#6B7380"
+        color: mirrorCheckBox.enabled ? Look.entry : "#6B7380"
         font.pixelSize: 18
     }
     background: Item {}

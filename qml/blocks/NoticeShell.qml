@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "."
 
 // The shell of all notices: title, sign, and whatever stands in the notice (a NoticeText, buttons).
 //
@@ -17,7 +18,7 @@ PopupFrame {
         anchors.horizontalCenter: parent.horizontalCenter
         y: 5
         height: 30
-        color: "#BFBFBF"
+        color: Look.noticeTitle
     }
 
     Image {

@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "."
 
 // One row of the open angle: sign, slider with the bar of its hues below, step buttons, number field.
 //
@@ -34,7 +35,7 @@ InputLine {
         font.pixelSize: 40
         font.bold: true
         font.family: "Courier New"
-        color: "#757575"
+        color: Look.faint
     }
 
     DarkSlider {
@@ -86,7 +87,7 @@ InputLine {
         x: 746
         y: 17
         enabled: openAngleRow.live
-        color: openAngleRow.live ? "#D8D8D8" : "#333333"
+        color: Look.text(openAngleRow.live)
         text: angleSlider.value
         maximumLength: 4
         lowest: angleSlider.minimumValue

@@ -15,7 +15,7 @@ Item {
     PanelText {
         id: labelText
         height: parent.height
-        color: "#757575"
+        color: Look.faint
         font.pixelSize: 18
     }
 
@@ -23,7 +23,7 @@ Item {
         id: valueText
         x: Look.latin ? 26 : 50
         height: parent.height
-        color: "#757575"
+        color: Look.faint
         font.pixelSize: 18
     }
 }

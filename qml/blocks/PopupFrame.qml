@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "."
 
 // The shell of every modal popup: one picture as its ground, centred on its parent, fading in.
 //
@@ -33,7 +34,7 @@ Popup {
         y: 10
         height: 32
         visible: text !== ""
-        color: "#8DC6E8"
+        color: Look.level
         font.pixelSize: 24
         font.bold: true
     }

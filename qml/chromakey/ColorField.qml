@@ -16,6 +16,6 @@ NumberField {
         id: labelText
         x: -8 - width
         y: 3
-        color: "#757575"
+        color: Look.faint
     }
 }

@@ -148,7 +148,7 @@ PopupFrame {
         anchors.horizontalCenter: parent.horizontalCenter
         y: 5
         height: 30
-        color: "#BFBFBF"
+        color: Look.noticeTitle
         text: qsTranslate("PageChromakey", "Pick Backing Color") + qmlTranslator.e_str
     }
 
@@ -286,7 +286,7 @@ PopupFrame {
         width: 32
         height: 32
         color: colorDialog.color
-        border.color: "#1F1F1F"
+        border.color: Look.fieldGround
     }
 
     ClickImage {

@@ -34,7 +34,7 @@ GroupSection {
     property alias blackLevel: blackLevel
     property alias whiteLevel: whiteLevel
 
-    readonly property color textColor: switchedOn ? "#D8D8D8" : "#333333"
+    readonly property color textColor: Look.text(switchedOn)
 
     signal pick()
 
@@ -96,7 +96,7 @@ GroupSection {
         id: chromaItem01
 
         // The look of both angle sliders.
-        property color sliderOPMaskColor: matteSection.switchedOn ? "#8DC6E8" : "#5E5E5E"
+        property color sliderOPMaskColor: matteSection.switchedOn ? Look.level : Look.deadLevel
         property string sliderHandlerSource: matteSection.switchedOn
             ? "qrc:/img/pc/btn_n_slider_chromakey.png" : "qrc:/img/pc/btn_d_slider_chromakey.png"
 
@@ -118,7 +118,7 @@ GroupSection {
                 height: 32
                 enabled: switchedOn
                 color: colorDialog.color
-                border.color: "#1F1F1F"
+                border.color: Look.fieldGround
             }
 
             ClickImage {
