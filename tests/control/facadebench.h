@@ -37,16 +37,32 @@ inline void writeSettings(const QString &text)
         qFatal("can't write the settings file");
 }
 
-// Every key of a group as it lies on disk: "key=value", in the order of the alphabet.
-inline QStringList storedKeys(const QString &group)
+// The settings file as it lies on disk, read as any other file: a second QSettings in this process would first
+// write down what the panel's own still holds back.
+inline QString storedText()
 {
-    QSettings file(settingsPath(), QSettings::IniFormat);
-    file.beginGroup(group);
+    QFile file(settingsPath());
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+// Every key of a group in a settings file's text: "key=value", in the order of the alphabet.
+inline QStringList keysOf(const QString &group, const QString &fileText)
+{
     QStringList list;
-    for (const QString &key : file.allKeys())
-        list += key + QLatin1Char('=') + file.value(key).toString();
+    bool inside = false;
+    for (const QString &line : fileText.split(QLatin1Char('\n'))) {
+        if (line.startsWith(QLatin1Char('[')))
+            inside = line == QLatin1Char('[') + group + QLatin1Char(']');
+        else if (inside && !line.isEmpty())
+            list += line;
+    }
     list.sort();
     return list;
+}
+
+inline QStringList storedKeys(const QString &group)
+{
+    return keysOf(group, storedText());
 }
 
 // Ends a run of the panel. The facade leaves its settings handle, and the device object its serial and
@@ -115,18 +131,10 @@ public:
         return result == QLatin1String("OK");
     }
 
-    // The frames since the last look, from the command byte on and without the checksum: "d1 03 04".
+    // The frames since the last look.
     QStringList frames()
     {
-        QStringList list;
-        for (const standin::FrameRecord &frame : host.record()) {
-            if (frame.link == standin::LinkKind::Discovery)
-                continue;
-            QByteArray bytes(1, static_cast<char>(frame.code));
-            bytes += frame.payload;
-            list += (frame.isExtended() ? QStringLiteral("reset ") : QString())
-                + QString::fromLatin1(bytes.toHex(' '));
-        }
+        const QStringList list = host.frames();
         host.clearRecord();
         return list;
     }

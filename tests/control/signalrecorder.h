@@ -2,19 +2,22 @@
 
 #include "control/maincontrol.h"
 
+#include <QElapsedTimer>
 #include <QMetaMethod>
 #include <QStringList>
 #include <QVariant>
 #include <QVector>
 
 // Records every signal of the facade, whatever there is, in the order of emission and with its arguments:
-// "refreshCKAngle(3, 4)". Beside each stands whether the status poll ran at that moment.
+// "refreshCKAngle(3, 4)". Beside each stands when that was, and whether
+// the status poll ran at that moment.
 class SignalRecorder : public QObject
 {
 public:
     explicit SignalRecorder(mainControl &facade)
         : control(facade)
     {
+        clock.start();
         const QMetaObject &meta = mainControl::staticMetaObject;
         for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
             if (meta.method(i).methodType() != QMetaMethod::Signal)
@@ -41,20 +44,25 @@ public:
         told += QString::fromLatin1(method.name()) + QLatin1Char('(') + texts.join(QStringLiteral(", "))
             + QLatin1Char(')');
         polling.append(control.timerRefreshStatus->isActive());
+        toldAt.append(now());
         return -1;
     }
 
     QStringList take()
     {
         polling.clear();
+        toldAt.clear();
         return std::exchange(told, {});
     }
 
+    qint64 now() const { return clock.elapsed(); }
+
     QStringList told;
     QVector<bool> polling;
-    int signalCount() const { return methods.size(); }
+    QVector<qint64> toldAt; // ms
 
 private:
     mainControl &control;
+    QElapsedTimer clock;
     QVector<QMetaMethod> methods;
 };

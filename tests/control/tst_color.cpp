@@ -23,6 +23,21 @@ private slots:
     void reset();
 };
 
+namespace {
+
+// A reply's body from its hex, with its checksum.
+QByteArray withSum(const char *hex)
+{
+    QByteArray body = QByteArray::fromHex(hex);
+    unsigned sum = 0;
+    for (const char byte : body)
+        sum += static_cast<unsigned char>(byte);
+    body.append(static_cast<char>(sum % 256));
+    return body;
+}
+
+} // namespace
+
 void TestColor::conversion_data()
 {
     QTest::addColumn<int>("red");
@@ -66,6 +81,9 @@ void TestColor::setPlain()
     // The unit takes something else than it was asked for: the first telling shows it, the second keeps the
     // colour that was set beside the numbers that now stand.
     bench.host.setFault(0x50, standin::Fault::answer(QByteArray::fromHex("0a0050e80300000000003d")));
+    // With its new colour it has moved its angle and levels too: they are told as read back, not as stored.
+    bench.host.setFault(0x51, standin::Fault::answer(withSum("0500510b0c")));
+    bench.host.setFault(0x52, standin::Fault::answer(withSum("0800522100430301")));
     QElapsedTimer clock;
     clock.start();
     bench.control->setBKColor(500, 500, 500, 0);
@@ -79,8 +97,8 @@ void TestColor::setPlain()
              qPrintable(told.at(0)));
     QVERIFY2(told.at(1).startsWith(QLatin1String("refreshBKColorAdjust(#7f7f7f, 1000, 0, 0, -1, 0, ")),
              qPrintable(told.at(1)));
-    QCOMPARE(told.at(2), QStringLiteral("refreshCKAngle(45, 45)"));
-    QCOMPARE(told.at(3), QStringLiteral("refreshCKBWLevel(100, 900, false)"));
+    QCOMPARE(told.at(2), QStringLiteral("refreshCKAngle(11, 12)"));
+    QCOMPARE(told.at(3), QStringLiteral("refreshCKBWLevel(33, 835, true)"));
     QVERIFY(bench.control->timerRefreshStatus->isActive());
 }
 

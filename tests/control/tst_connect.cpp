@@ -2,7 +2,6 @@
 
 #include <QColor>
 #include <QElapsedTimer>
-#include <QMetaProperty>
 
 // Making, watching and losing the link: the whole order of signals, the frames, the poll and what is stored.
 
@@ -12,7 +11,6 @@ class TestConnect : public QObject
 
 private slots:
     void init() { QFile::remove(settingsPath()); }
-    void theInterfaceAsDeclared();
     void wholeConnect_data();
     void wholeConnect();
     void connectTwice();
@@ -32,7 +30,6 @@ private slots:
     void silentSerialUnitAtATick();
     void tickWithoutALink();
     void pollWaitsForAWholePeriodAfterAnAction();
-    void destructorClosesTheLink();
 
 private:
     static QStringList connectSignals();
@@ -100,43 +97,6 @@ QStringList TestConnect::connectSignals()
             QStringLiteral("refreshLumaKey(false, 0, 100, 200, 0, 5, 1000)"),
             QStringLiteral("refreshHoldoutWindow(false, 0, 0, 3840, 0, 2160, 0)"),
             QStringLiteral("refreshUserMemory(1)")};
-}
-
-void TestConnect::theInterfaceAsDeclared()
-{
-    const QMetaObject &meta = mainControl::staticMetaObject;
-    QStringList properties;
-    for (int i = meta.propertyOffset(); i < meta.propertyCount(); ++i) {
-        const QMetaProperty property = meta.property(i);
-        properties += QString::fromLatin1(property.name()) + QLatin1Char(' ')
-            + QString::fromLatin1(property.notifySignal().name()) + QLatin1Char(' ')
-            + QString::fromLatin1(property.typeName())
-            + (property.isWritable() ? QStringLiteral(" writable") : QString());
-    }
-    QCOMPARE(properties,
-             QStringList({QStringLiteral("vOutResolution vOutResolutionChanged QString writable"),
-                          QStringLiteral("vOutColorSpace vOutColorSpaceChanged QString writable"),
-                          QStringLiteral("vOutStd vOutStdChanged QString writable"),
-                          QStringLiteral("serialNameList refreshSerialPortNames QStringList"),
-                          QStringLiteral("netcardList refreshNetcardList QStringList"),
-                          QStringLiteral("ipSelectList refreshIPSelectList QStringList"),
-                          QStringLiteral("currentPage currentPageChanged int writable")}));
-    FacadeBench bench;
-    QCOMPARE(bench.recorder->signalCount(), 43);
-    QCOMPARE(bench.control->appVersion, QStringLiteral("1.6.7"));
-    // The handlers of the interface read these by name.
-    const auto names = [&meta](const char *signature) {
-        return meta.method(meta.indexOfSignal(signature)).parameterNames().join(' ');
-    };
-    QCOMPARE(names("refreshConnectionData(int,QString,bool,QString,QString,QString,QString,QString,QString,"
-                   "QString)"),
-             QByteArray("test test1 test0 test2 test3 test4 test5 test6 test7 test8"));
-    QCOMPARE(names("refreshLumaKey(bool,uint,quint16,quint16,uint,uint,quint16)"),
-             QByteArray("enable keymode cutoff softness layer swaptime opa"));
-    QCOMPARE(
-        names("refreshCKSpill(uint,uint,uint,uint,bool,uint,bool,bool)"),
-        QByteArray("spillSuppressionValue spillEnhanceValue spillBalanceValue edgeBrightnessValue vividValue "
-                   "spillDefButton spillVividDefault spillSupEnhanceValue"));
 }
 
 void TestConnect::wholeConnect_data()
@@ -423,15 +383,6 @@ void TestConnect::pollWaitsForAWholePeriodAfterAnAction()
     clock.start();
     QTRY_VERIFY_WITH_TIMEOUT(bench.host.count(standin::OutputStandard) > 0, 3000);
     QVERIFY2(clock.elapsed() >= 1450, qPrintable(QString::number(clock.elapsed())));
-}
-
-void TestConnect::destructorClosesTheLink()
-{
-    FacadeBench bench;
-    QVERIFY(bench.connectUnit());
-    QCOMPARE(bench.host.clientCount(), 1);
-    bench.restart();
-    QTRY_COMPARE(bench.host.clientCount(), 0);
 }
 
 QTEST_GUILESS_MAIN(TestConnect)

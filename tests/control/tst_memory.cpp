@@ -28,6 +28,7 @@ private slots:
     void outputStandardOnADeadLink();
     void outputResolution();
     void routing();
+    void routingRestartsThePollFirst();
     void routingOnALinkThatBreaks();
     void inputs();
     void inputsWithoutALink();
@@ -281,6 +282,20 @@ void TestMemory::routing()
     QVERIFY(bench.control->getOutputMirror(3));
     QVERIFY(!bench.control->getOutputMirror(5));
     QCOMPARE(bench.frames(), QStringList());
+}
+
+void TestMemory::routingRestartsThePollFirst()
+{
+    FacadeBench bench;
+    bench.control->timerRefreshStatus->setTimerType(Qt::PreciseTimer);
+    QVERIFY(bench.connectUnit());
+    // The poll restarts before the unit is told of its outputs, so the exchange eats into the period; after any
+    // other set it restarts last.
+    bench.host.setFault(standin::AnyCode, standin::Fault::late(700));
+    bench.control->setOutSelect(1, false, false, 2, false, false, 3, false, false, 4, false, false);
+    QVERIFY(bench.control->timerRefreshStatus->remainingTime() <= 800);
+    bench.control->setCKAngle(1, 2);
+    QVERIFY(bench.control->timerRefreshStatus->remainingTime() > 900);
 }
 
 void TestMemory::routingOnALinkThatBreaks()

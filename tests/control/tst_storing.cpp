@@ -1,7 +1,11 @@
 #include "facadebench.h"
+#include "tests/support/logcapture.h"
+#include "tests/support/loopback.h"
 
 #include <QDateTime>
 #include <QTranslator>
+
+#include <limits>
 
 // When and how things reach the settings file, and the words of the facade in another language.
 
@@ -12,6 +16,7 @@ class TestStoring : public QObject
 private slots:
     void init();
     void fileAsItLies();
+    void connectStoresAfterTheWholeRead_data();
     void connectStoresAfterTheWholeRead();
     void recallStoresAfterTheReadBack();
     void saveStoresBeforeTheCommand();
@@ -21,15 +26,10 @@ private slots:
     void wordsInAnotherLanguage();
     void wordsOfABadForm_data();
     void wordsOfABadForm();
+    void twoBadFields();
 };
 
 namespace {
-
-// Nobody answers here: commands to it end in silence, which counts as "OK", after twelve seconds.
-QString deafAddress()
-{
-    return QStringLiteral("127.93.1.77");
-}
 
 // Puts every text that asks for its translation between marks, with the list that it is looked up in.
 class Marker : public QTranslator
@@ -42,16 +42,11 @@ public:
     bool isEmpty() const override { return false; }
 };
 
-// How long after `start` the settings file was last written.
+// How long after `start` the settings file was last written; never, when it isn't there.
 qint64 storedAfter(const QDateTime &start)
 {
-    return start.msecsTo(QFileInfo(settingsPath()).lastModified());
-}
-
-QByteArray fileText()
-{
-    QFile file(settingsPath());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const QFileInfo file(settingsPath());
+    return file.exists() ? start.msecsTo(file.lastModified()) : std::numeric_limits<qint64>::max();
 }
 
 } // namespace
@@ -72,29 +67,67 @@ void TestStoring::fileAsItLies()
     unit.isdhcp = true;
     QVERIFY(bench.connectUnit());
     bench.control->saveMemory(8);
-    const QList<QByteArray> rows = fileText().split('\n');
+    const QStringList rows = storedText().split(QLatin1Char('\n'));
     for (const char *row : {"[connection]", "interface=1", "dhcpmode=true", "netcard=[127.0.0.1] lo",
                             "hostname=", "[last_info]", "memory=8"})
-        QVERIFY2(rows.contains(row), row);
-    QVERIFY(!rows.contains("[setting]"));
+        QVERIFY2(rows.contains(QLatin1String(row)), row);
+    QVERIFY(!rows.contains(QStringLiteral("[setting]")));
 }
 
+void TestStoring::connectStoresAfterTheWholeRead_data()
+{
+    QTest::addColumn<uint>("link");
+    QTest::addColumn<bool>("scanned");
+    QTest::newRow("network") << 1u << false;
+    QTest::newRow("network, with a scan behind it") << 1u << true;
+    QTest::newRow("serial") << 2u << false;
+}
+
+// Nothing stands on disk when the last page has been read, and all of it before the connect is over.
 void TestStoring::connectStoresAfterTheWholeRead()
 {
-    FacadeBench bench;
-    const QDateTime start = QDateTime::currentDateTime();
-    QVERIFY(bench.connectUnit());
-    // 200 ms and 21 exchanges of 50 ms stand before it.
-    QVERIFY2(storedAfter(start) >= 1200, qPrintable(QString::number(storedAfter(start))));
+    QFETCH(uint, link);
+    QFETCH(bool, scanned);
+    FacadeBench bench(link);
+    didScan = scanned;
+    bench.control->ipSelectList = QStringList{bench.target()};
+    bench.device->hlnpObj->qkvDevice[0].zcm.hlnpnetwork.ipadd = bench.target();
+    bool storedEarly = false;
+    QString atEnd;
+    {
+        const support::LogCapture capture;
+        support::LogCapture::onLine() = [&](const QString &line) {
+            if (line.startsWith(QLatin1String("Memory Refresh:")))
+                storedEarly = QFile::exists(settingsPath());
+            else if (line.startsWith(QLatin1String("[mainControl::deviceConnect] Return:")))
+                atEnd = storedText();
+        };
+        QVERIFY(bench.connectUnit());
+    }
+    QVERIFY(!storedEarly);
+    const QStringList keys = keysOf(QStringLiteral("connection"), atEnd);
+    QVERIFY(keys.contains(QStringLiteral("interface=%1").arg(link)));
+    QVERIFY(keys.contains((link == 1 ? QStringLiteral("ipaddress=") : QStringLiteral("serialport="))
+                          + bench.target()));
+    QCOMPARE(keys.contains(QStringLiteral("dhcpmode=false")), scanned);
 }
 
 void TestStoring::recallStoresAfterTheReadBack()
 {
     FacadeBench bench;
     QVERIFY(bench.connectUnit());
-    const QDateTime start = QDateTime::currentDateTime();
-    bench.control->loadMemory(3);
-    QVERIFY2(storedAfter(start) >= 3500, qPrintable(QString::number(storedAfter(start))));
+    QString atReadBack;
+    {
+        const support::LogCapture capture;
+        support::LogCapture::onLine() = [&atReadBack](const QString &line) {
+            if (line.startsWith(QLatin1String("Load memory. Set last =")))
+                atReadBack = storedText();
+        };
+        bench.control->loadMemory(3);
+    }
+    QVERIFY(atReadBack.contains(QLatin1String("[connection]")));
+    QCOMPARE(keysOf(QStringLiteral("last_info"), atReadBack), QStringList());
+    QCOMPARE(storedKeys(QStringLiteral("last_info")), QStringList{QStringLiteral("memory=3")});
 }
 
 void TestStoring::saveStoresBeforeTheCommand()
@@ -106,35 +139,36 @@ void TestStoring::saveStoresBeforeTheCommand()
     bench.control->saveMemory(3);
     QVERIFY(start.msecsTo(QDateTime::currentDateTime()) >= 4000);
     QVERIFY2(storedAfter(start) < 1500, qPrintable(QString::number(storedAfter(start))));
+    QCOMPARE(storedKeys(QStringLiteral("last_info")), QStringList{QStringLiteral("memory=3")});
 }
 
 void TestStoring::formIsStoredBeforeTheCommand()
 {
     FacadeBench bench;
     hlnp_network_info &unit = bench.device->hlnpObj->qkvDevice[0].zcm.hlnpnetwork;
-    unit.ipadd = deafAddress();
+    unit.ipadd = support::deafLoopback();
     unit.name = QStringLiteral("STUDIO-1");
     unit.gatewayadd = unit.primdnsadd = unit.secdnsadd = QStringLiteral("1.2.3.4");
     unit.maskadd = QStringLiteral("255.0.0.0");
     const QDateTime start = QDateTime::currentDateTime();
     QCOMPARE(bench.control->hlnpSave(QString(), QStringLiteral("[a] b"), 0, QStringLiteral("AA"), unit.name,
-                                     1, deafAddress(), QStringLiteral("255.255.0.0"), unit.gatewayadd,
-                                     unit.primdnsadd, unit.secdnsadd),
+                                     1, support::deafLoopback(), QStringLiteral("255.255.0.0"),
+                                     unit.gatewayadd, unit.primdnsadd, unit.secdnsadd),
              QStringLiteral("OK"));
     QVERIFY(start.msecsTo(QDateTime::currentDateTime()) >= 12000);
     QVERIFY2(storedAfter(start) < 3000, qPrintable(QString::number(storedAfter(start))));
     QVERIFY(storedKeys(QStringLiteral("connection")).contains(QStringLiteral("mask=255.255.0.0")));
     // The link itself was not part of the form.
-    QVERIFY(!fileText().contains("interface"));
+    QVERIFY(!storedText().contains(QLatin1String("interface")));
 }
 
 void TestStoring::singleSettingIsStoredBeforeTheCommand()
 {
     FacadeBench bench;
     const QDateTime start = QDateTime::currentDateTime();
-    QCOMPARE(
-        bench.control->hlnpSetDhcpName(QString(), deafAddress(), QStringLiteral("NEW"), QString(), QString()),
-        QStringLiteral("OK"));
+    QCOMPARE(bench.control->hlnpSetDhcpName(QString(), support::deafLoopback(), QStringLiteral("NEW"),
+                                            QString(), QString()),
+             QStringLiteral("OK"));
     QVERIFY(start.msecsTo(QDateTime::currentDateTime()) >= 12000);
     QVERIFY2(storedAfter(start) < 3000, qPrintable(QString::number(storedAfter(start))));
 }
@@ -211,7 +245,7 @@ void TestStoring::wordsOfABadForm()
     Marker marker;
     QVERIFY(QCoreApplication::installTranslator(&marker));
     hlnp_network_info &unit = bench.device->hlnpObj->qkvDevice[0].zcm.hlnpnetwork;
-    unit.ipadd = deafAddress();
+    unit.ipadd = support::deafLoopback();
     unit.gatewayadd = unit.maskadd = unit.primdnsadd = unit.secdnsadd = QStringLiteral("1.2.3.4");
     QStringList form{unit.ipadd, unit.gatewayadd, unit.maskadd, unit.primdnsadd, unit.secdnsadd};
     form[badField] = QStringLiteral("1.2");
@@ -220,6 +254,30 @@ void TestStoring::wordsOfABadForm()
              told);
     const QString signal = QStringLiteral("markHLNPDataRed(%1)").arg(mark);
     QCOMPARE(bench.recorder->told, QStringList({signal, signal}));
+    // Reported, and stored all the same.
+    const char *const keys[] = {"ipaddress", "gateway", "mask", "primarydns", "seconddns"};
+    QVERIFY(storedKeys(QStringLiteral("connection"))
+                .contains(QLatin1String(keys[badField]) + QStringLiteral("=1.2")));
+}
+
+// Of the form's own words the last one stays, and each failed command puts its word in front.
+void TestStoring::twoBadFields()
+{
+    FacadeBench bench;
+    hlnp_network_info &unit = bench.device->hlnpObj->qkvDevice[0].zcm.hlnpnetwork;
+    unit.ipadd = support::deafLoopback();
+    unit.gatewayadd = unit.maskadd = unit.primdnsadd = unit.secdnsadd = QStringLiteral("1.2.3.4");
+    QCOMPARE(
+        bench.control->hlnpSave(QString(), QString(), 0, QStringLiteral("00:50:C2:72:00:01"), QString(), 1,
+                                unit.ipadd, QStringLiteral("255.255"), QStringLiteral("1.2"), unit.primdnsadd,
+                                unit.secdnsadd),
+        QStringLiteral("Mask address format errorGate address format errorMask Address format incorrect."));
+    QCOMPARE(bench.recorder->told,
+             QStringList({QStringLiteral("markHLNPDataRed(3)"), QStringLiteral("markHLNPDataRed(4)"),
+                          QStringLiteral("markHLNPDataRed(3)"), QStringLiteral("markHLNPDataRed(4)")}));
+    const QStringList stored = storedKeys(QStringLiteral("connection"));
+    QVERIFY(stored.contains(QStringLiteral("gateway=1.2")));
+    QVERIFY(stored.contains(QStringLiteral("mask=255.255")));
 }
 
 QTEST_GUILESS_MAIN(TestStoring)

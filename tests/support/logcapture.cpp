@@ -20,6 +20,7 @@ LogCapture::LogCapture()
 LogCapture::~LogCapture()
 {
     qInstallMessageHandler(before);
+    onLine() = nullptr;
     listening = nullptr;
 }
 
@@ -33,6 +34,12 @@ QStringList &LogCapture::warnings()
 {
     static QStringList list;
     return list;
+}
+
+std::function<void(const QString &)> &LogCapture::onLine()
+{
+    static std::function<void(const QString &)> action;
+    return action;
 }
 
 int LogCapture::count(const QString &part)
@@ -49,6 +56,8 @@ void LogCapture::take(QtMsgType type, const QMessageLogContext &context, const Q
     }
     if (type == QtDebugMsg || type == QtInfoMsg) {
         logs().append(text);
+        if (onLine())
+            onLine()(text);
         return;
     }
     warnings().append(text);

@@ -4,6 +4,8 @@
 #include <QStringList>
 #include <QtGlobal>
 
+#include <functional>
+
 class QThread;
 
 namespace support {
@@ -22,6 +24,8 @@ public:
     static QStringList &logs();
     // Warnings and worse. Printed as well, so that a case that fails over one shows which.
     static QStringList &warnings();
+    // What is done at each log line, at the moment at which it is printed; forgotten at the end of the capture.
+    static std::function<void(const QString &)> &onLine();
     // Log lines with this part.
     static int count(const QString &part);
 

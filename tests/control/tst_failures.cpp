@@ -1,0 +1,206 @@
+#include "facadebench.h"
+#include "parametertable.h"
+#include "tests/support/logcapture.h"
+
+#include <QElapsedTimer>
+
+// The forwarding slots without a link, and over an exchange that fails.
+
+class TestFailures : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { QFile::remove(settingsPath()); }
+    void withoutALink_data();
+    void withoutALink();
+    void nothingIsReadWithoutALink();
+    void failedSetsTellNothing();
+    void failedResetsTellTheStoredValues();
+    void failedKeyColour();
+};
+
+namespace {
+
+constexpr int kAttempts = 4;
+constexpr int kLadderMs = 300 + 500 + 1000;
+
+// The object's own bytes: its fields, texts by their shared data.
+QByteArray fieldsOf(const qkv720 &device)
+{
+    return QByteArray(reinterpret_cast<const char *>(&device), sizeof device);
+}
+
+QStringList repeated(const char *text, int count)
+{
+    QStringList list;
+    for (int i = 0; i < count; ++i)
+        list += QString::fromLatin1(text);
+    return list;
+}
+
+QStringList warnings(int count)
+{
+    return repeated("warning(Disconnected)", count);
+}
+
+QVector<ParameterRow> rowsOf(const char *kind)
+{
+    QVector<ParameterRow> rows;
+    for (const ParameterRow &row : parameterTable()) {
+        if (qstrcmp(row.kind, kind) == 0)
+            rows.append(row);
+    }
+    return rows;
+}
+
+// What the get of the same name tells of the unit as prepared.
+QString storedSignal(const QString &name)
+{
+    for (const ParameterRow &row : parameterTable()) {
+        if (qstrcmp(row.kind, "get") == 0 && name == QLatin1String(row.name))
+            return QString::fromLatin1(row.signal);
+    }
+    return QString();
+}
+
+} // namespace
+
+void TestFailures::withoutALink_data()
+{
+    QTest::addColumn<Slot>("slot");
+    QTest::addColumn<QStringList>("logged");
+    for (const ParameterRow &row : parameterTable()) {
+        // The luma key alone is logged before anybody looks at the link.
+        const bool isLogged = qstrcmp(row.kind, "set") == 0 && row.name == QLatin1String("luma key");
+        QTest::addRow("%s %s", row.kind, row.name)
+            << row.slot << (isLogged ? QStringList{QStringLiteral("setLumaKey:  2")} : QStringList());
+    }
+    const auto more = [](const char *name, Slot slot) { QTest::newRow(name) << slot << QStringList(); };
+    using M = mainControl;
+    more("get spill", &M::getCKSpillBright);
+    more("set spill", [](M &m) { m.setCKSpillBright(1, 2, 3, 4, 1, 2, true, true); });
+    more("reset spill", [](M &m) { m.resetCKSpillBright(1, true); });
+    more("get colour", &M::getBKColor);
+    more("set colour", [](M &m) { m.setBKColor(1, 2, 3, 0); });
+    more("set colour automatically", [](M &m) { m.setBKColor(1, 2, 3, 2); });
+    more("set colour by text", [](M &m) { m.setBKColor(QStringLiteral("#010203"), 0); });
+    more("reset colour", &M::resetBKColor);
+    more("set cursor", [](M &m) { m.setCursorData(3, 1, 2); });
+    more("refresh cursor", [](M &m) { m.refreshCursor(1, 2, 3, 4, 5, 6, 7, 8, 9); });
+    more("load memory", [](M &m) { m.loadMemory(3); });
+    more("save memory", [](M &m) { m.saveMemory(3); });
+    more("save setup", &M::saveSetup);
+    more("set output standard", [](M &m) { m.setVOut(1, 2, 0); });
+    more("route outputs",
+         [](M &m) { m.setOutSelect(1, false, false, 2, false, false, 3, false, false, 4, false, false); });
+    more("mirror", [](M &m) { m.getOutputMirror(1); });
+    more("output resolution", [](M &m) { m.getVideoOutRes(); });
+    more("text properties", [](M &m) {
+        QString value;
+        m.setVOutResolution(value);
+        m.setVOutColorSpace(value);
+        m.setVOutStd(value);
+    });
+}
+
+// Such a call is no call at all: a poll that runs goes on as it ran.
+void TestFailures::withoutALink()
+{
+    QFETCH(Slot, slot);
+    QFETCH(QStringList, logged);
+    constexpr int kPeriodMs = 1500;
+    constexpr int kRunMs = 40;
+    FacadeBench bench;
+    QTimer &poll = *bench.control->timerRefreshStatus;
+    poll.setTimerType(Qt::PreciseTimer);
+    poll.start();
+    QTest::qSleep(kRunMs);
+    const QByteArray before = fieldsOf(*bench.device);
+    const support::LogCapture capture;
+
+    slot(*bench.control);
+    QVERIFY(poll.isActive());
+    QVERIFY2(poll.remainingTime() <= kPeriodMs - kRunMs, qPrintable(QString::number(poll.remainingTime())));
+    QVERIFY(fieldsOf(*bench.device) == before);
+    QCOMPARE(support::LogCapture::logs(), logged);
+    QCOMPARE(bench.frames(), QStringList());
+    QCOMPARE(bench.recorder->told, QStringList());
+    QVERIFY(!QFile::exists(settingsPath()));
+
+    // And one that rests, rests.
+    poll.stop();
+    slot(*bench.control);
+    QVERIFY(!poll.isActive());
+}
+
+void TestFailures::nothingIsReadWithoutALink()
+{
+    FacadeBench bench;
+    bench.device->videoOut.res = resolution::P50_1080;
+    bench.device->PGM.mirror = true;
+    QCOMPARE(bench.control->getVideoOutRes(), 0);
+    QVERIFY(!bench.control->getOutputMirror(1));
+}
+
+// The device object writes its field and tries four times; the interface hears of the link alone.
+void TestFailures::failedSetsTellNothing()
+{
+    FacadeBench bench;
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    for (const ParameterRow &row : rowsOf("set")) {
+        bench.device->isConnected = true;
+        bench.control->timerRefreshStatus->start();
+        QElapsedTimer clock;
+        clock.start();
+        row.slot(*bench.control);
+        QVERIFY2(clock.elapsed() >= kLadderMs, row.name);
+        QVERIFY2(bench.recorder->take() == warnings(kAttempts), row.name);
+        QVERIFY2(bench.frames() == repeated(row.frame, kAttempts), row.name);
+        QVERIFY2(!bench.control->isConnected(), row.name);
+        QVERIFY2(!bench.control->timerRefreshStatus->isActive(), row.name);
+    }
+}
+
+void TestFailures::failedResetsTellTheStoredValues()
+{
+    FacadeBench bench;
+    bench.host.withUnit(prepareParameters);
+    QVERIFY(bench.connectUnit());
+    bench.control->getAuxMode(); // a connect doesn't read it
+    bench.recorder->take();
+    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    for (const ParameterRow &row : rowsOf("reset")) {
+        bench.device->isConnected = true;
+        bench.control->timerRefreshStatus->start();
+        row.slot(*bench.control);
+        const QStringList told = bench.recorder->take();
+        QVERIFY2(
+            told == warnings(kAttempts) + QStringList{storedSignal(QLatin1String(row.name))},
+            qPrintable(QLatin1String(row.name) + QStringLiteral(": ") + told.join(QStringLiteral(", "))));
+        QVERIFY2(!bench.control->timerRefreshStatus->isActive(), row.name);
+    }
+}
+
+void TestFailures::failedKeyColour()
+{
+    FacadeBench bench;
+    bench.host.withUnit(prepareParameters);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    // The reset's own failure ends the link; the angle's and the levels' resets behind it don't try any more, and
+    // what is stored is told.
+    bench.control->resetBKColor();
+    const QStringList told = bench.recorder->take();
+    const QStringList behind{QStringLiteral("refreshCKAngle(3, 4)"),
+                             QStringLiteral("refreshCKBWLevel(100, 900, true)")};
+    QCOMPARE(told.mid(0, kAttempts), warnings(kAttempts));
+    QVERIFY2(told.value(kAttempts).startsWith(QLatin1String("refreshBKColorPicker(#1e2dc1, 120, 180, 760, ")),
+             qPrintable(told.value(kAttempts)));
+    QCOMPARE(told.mid(kAttempts + 1), behind);
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
+}
+
+QTEST_GUILESS_MAIN(TestFailures)
+#include "tst_failures.moc"

@@ -1,0 +1,418 @@
+#include "networkbench.h"
+#include "tests/support/logcapture.h"
+
+#include <QElapsedTimer>
+
+#include <functional>
+
+// The units' network settings: the whole form and each setting for itself.
+
+class TestSave : public NetworkBench
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY2(raise(), qPrintable(net->complaint())); }
+    void init() { open(); }
+    void cleanup() { close(); }
+
+    void saveUnchanged();
+    void saveFixedAddressOnADhcpUnit();
+    void saveEverything();
+    void saveUnderDhcp();
+    void saveBadFormUnderDhcp();
+    void saveBadFormFixed();
+    void saveRefused();
+    void saveLaterSuccessHidesAnEarlierRefusal();
+    void saveRowOutsideTheTable();
+    void filledFormOverAnEmptyRow();
+    void refusedDhcpModeMarksNothing_data();
+    void refusedDhcpModeMarksNothing();
+    void otherModesAreDhcp_data();
+    void otherModesAreDhcp();
+    void formIsOnDiskBeforeTheFirstCommand();
+    void eachSettingIsOnDiskBeforeItsCommand();
+    void singleSettings();
+    void badSingleSettings();
+    void reboot();
+    void configForwarded();
+
+private:
+    QString save(int mode, const QString &ip, const QString &mask, const QString &gateway,
+                 const QString &name);
+};
+
+QString TestSave::save(int mode, const QString &ip, const QString &mask, const QString &gateway,
+                       const QString &name)
+{
+    return control->hlnpSave(text(kPanel), text(kCard), 0, text(kMac), name, mode, ip, mask, gateway,
+                             QStringLiteral("8.8.8.8"), QStringLiteral("8.8.4.4"));
+}
+
+void TestSave::saveUnchanged()
+{
+    scan();
+    control->timerRefreshStatus->start();
+    QCOMPARE(save(1, text(kUnit), QStringLiteral("255.255.255.0"), QStringLiteral("192.168.72.254"),
+                  QStringLiteral("STUDIO-1")),
+             QStringLiteral("OK"));
+    QCOMPARE(unit->requests(), QStringList());
+    QCOMPARE(recorder->told, QStringList());
+    QVERIFY(!control->timerRefreshStatus->isActive());
+    QCOMPARE(storedKeys(QStringLiteral("connection")),
+             QStringList({QStringLiteral("dhcpmode=false"), QStringLiteral("gateway=192.168.72.254"),
+                          QStringLiteral("hostname=STUDIO-1"), QStringLiteral("ipaddress=192.168.72.10"),
+                          QStringLiteral("mac=00:50:C2:72:00:01"), QStringLiteral("mask=255.255.255.0"),
+                          QStringLiteral("netcard=[192.168.72.1] eth0"), QStringLiteral("primarydns=8.8.8.8"),
+                          QStringLiteral("seconddns=8.8.4.4")}));
+}
+
+void TestSave::saveFixedAddressOnADhcpUnit()
+{
+    unit->withNetwork([](standin::NetworkSettings &settings) { settings.dhcp = true; });
+    scan();
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(save(1, text(kUnit), QStringLiteral("255.255.255.0"), QStringLiteral("192.168.72.254"),
+                  QStringLiteral("STUDIO-1")),
+             QStringLiteral("OK"));
+    QVERIFY(clock.elapsed() >= 500);
+    QCOMPARE(unit->requests(), QStringList{QStringLiteral("SET_DHCPMODE")});
+    QVERIFY(!networkSettings().dhcp);
+}
+
+void TestSave::saveEverything()
+{
+    unit->withNetwork([](standin::NetworkSettings &settings) { settings.dhcp = true; });
+    scan();
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(control->hlnpSave(text(kPanel), text(kCard), 0, text(kMac), QStringLiteral("NEW"), 1,
+                               QStringLiteral("192.168.72.50"), QStringLiteral("255.255.0.0"),
+                               QStringLiteral("192.168.72.2"), QStringLiteral("1.1.1.1"),
+                               QStringLiteral("2.2.2.2")),
+             QStringLiteral("OK"));
+    QVERIFY(clock.elapsed() >= 2000);
+    QCOMPARE(unit->requests(),
+             QStringList({QStringLiteral("SET_DHCPMODE"), QStringLiteral("SET_IPADR"),
+                          QStringLiteral("SET_DHCPNAME"), QStringLiteral("SET_GATEWAY"),
+                          QStringLiteral("SET_NETMASK"), QStringLiteral("SET_PRIDNS"),
+                          QStringLiteral("SET_SECDNS")}));
+    const standin::NetworkSettings settings = networkSettings();
+    QCOMPARE(settings.name, QStringLiteral("NEW"));
+    QCOMPARE(settings.mask, QHostAddress(QStringLiteral("255.255.0.0")));
+    QCOMPARE(settings.gateway, QHostAddress(QStringLiteral("192.168.72.2")));
+    QCOMPARE(settings.secondaryDns, QHostAddress(QStringLiteral("2.2.2.2")));
+    QCOMPARE(settings.nextAddress, QHostAddress(QStringLiteral("192.168.72.50")));
+    QCOMPARE(recorder->told, QStringList());
+    // The table shows what the last scan saw.
+    control->getHLNPDeviceInfo(0);
+    QVERIFY(recorder->told.value(0).contains(QLatin1String("STUDIO-1, 192.168.72.10")));
+}
+
+void TestSave::saveUnderDhcp()
+{
+    scan();
+    QCOMPARE(save(0, QStringLiteral("192.168.72.50"), QStringLiteral("255.255.0.0"),
+                  QStringLiteral("192.168.72.2"), QStringLiteral("NEW")),
+             QStringLiteral("OK"));
+    QCOMPARE(unit->requests(), QStringList({QStringLiteral("SET_DHCPMODE"), QStringLiteral("SET_DHCPNAME")}));
+    QVERIFY(networkSettings().dhcp);
+    // The addresses are stored though the unit never heard of them.
+    const QStringList stored = storedKeys(QStringLiteral("connection"));
+    QVERIFY(stored.contains(QStringLiteral("ipaddress=192.168.72.50")));
+    QVERIFY(stored.contains(QStringLiteral("dhcpmode=true")));
+}
+
+void TestSave::saveBadFormUnderDhcp()
+{
+    unit->withNetwork([](standin::NetworkSettings &settings) { settings.dhcp = true; });
+    scan();
+    QCOMPARE(save(0, QStringLiteral("192.168.72"), QStringLiteral("m"), QStringLiteral("g"),
+                  QStringLiteral("STUDIO-1")),
+             QStringLiteral("OK"));
+    QCOMPARE(recorder->told,
+             QStringList({QStringLiteral("markHLNPDataRed(1)"), QStringLiteral("markHLNPDataRed(3)"),
+                          QStringLiteral("markHLNPDataRed(4)")}));
+    QCOMPARE(unit->requests(), QStringList());
+    // A form that failed its tests is stored all the same.
+    QVERIFY(storedKeys(QStringLiteral("connection")).contains(QStringLiteral("gateway=g")));
+}
+
+void TestSave::saveBadFormFixed()
+{
+    scan();
+    QCOMPARE(save(1, QStringLiteral("192.168.72"), QStringLiteral("255.255.255.0"),
+                  QStringLiteral("192.168.72.254"), QStringLiteral("STUDIO-1")),
+             QStringLiteral("IP format errorIP Address format incorrect."));
+    QCOMPARE(recorder->told,
+             QStringList({QStringLiteral("markHLNPDataRed(1)"), QStringLiteral("markHLNPDataRed(1)")}));
+    QCOMPARE(unit->requests(), QStringList());
+}
+
+void TestSave::saveRefused()
+{
+    scan();
+    unit->setFault(standin::AnyCode, standin::Fault::refuse());
+    QCOMPARE(save(1, text(kUnit), QStringLiteral("255.255.0.0"), QStringLiteral("192.168.72.2"),
+                  QStringLiteral("NEW")),
+             QStringLiteral("NACKNACKNACK"));
+    QCOMPARE(recorder->told,
+             QStringList({QStringLiteral("markHLNPDataRed(2)"), QStringLiteral("markHLNPDataRed(3)"),
+                          QStringLiteral("markHLNPDataRed(4)")}));
+}
+
+void TestSave::saveLaterSuccessHidesAnEarlierRefusal()
+{
+    scan();
+    unit->setFault(standin::AnyCode, standin::Fault::refuse(0x81, 1));
+    QCOMPARE(save(1, text(kUnit), QStringLiteral("255.255.0.0"), QStringLiteral("192.168.72.254"),
+                  QStringLiteral("NEW")),
+             QStringLiteral("OK"));
+    QCOMPARE(recorder->told, QStringList{QStringLiteral("markHLNPDataRed(2)")});
+}
+
+void TestSave::saveRowOutsideTheTable()
+{
+    scan();
+    // An empty form agrees with the empty record that stands for such a row, its addresses apart.
+    const QString result = control->hlnpSave(text(kPanel), text(kCard), 99, QString(), QString(), 1,
+                                             QString(), QString(), QString(), QString(), QString());
+    QCOMPARE(result, QStringLiteral("OK"));
+    QCOMPARE(recorder->told.size(), 5);
+    QCOMPARE(unit->requests(), QStringList());
+}
+
+// The row's address is empty: what goes to one unit can't be sent at all, what goes to all is sent and not answered
+// from there.
+void TestSave::filledFormOverAnEmptyRow()
+{
+    scan();
+    const QString result = control->hlnpSave(text(kPanel), text(kCard), 5, text(kMac), QStringLiteral("NEW"),
+                                             1, QStringLiteral("192.168.72.50"),
+                                             QStringLiteral("255.255.0.0"), QStringLiteral("192.168.72.2"),
+                                             QStringLiteral("1.1.1.1"), QStringLiteral("2.2.2.2"));
+    QCOMPARE(result, QStringLiteral("Setting error, please check IP address:").repeated(5));
+    QCOMPARE(recorder->told,
+             QStringList({QStringLiteral("markHLNPDataRed(2)"), QStringLiteral("markHLNPDataRed(3)"),
+                          QStringLiteral("markHLNPDataRed(4)"), QStringLiteral("markHLNPDataRed(5)"),
+                          QStringLiteral("markHLNPDataRed(6)")}));
+    QCOMPARE(unit->requests(), QStringList{QStringLiteral("SET_IPADR")});
+    QVERIFY(storedKeys(QStringLiteral("connection")).contains(QStringLiteral("ipaddress=192.168.72.50")));
+}
+
+void TestSave::refusedDhcpModeMarksNothing_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::addColumn<int>("pauseMs");
+    QTest::newRow("on") << 0 << 300;
+    QTest::newRow("off") << 1 << 500;
+}
+
+// The mode has no field that could be marked; the pause behind the command runs all the same.
+void TestSave::refusedDhcpModeMarksNothing()
+{
+    QFETCH(int, mode);
+    QFETCH(int, pauseMs);
+    unit->withNetwork([mode](standin::NetworkSettings &settings) { settings.dhcp = mode == 1; });
+    scan();
+    unit->setFault(standin::AnyCode, standin::Fault::refuse());
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(save(mode, text(kUnit), QStringLiteral("255.255.255.0"), QStringLiteral("192.168.72.254"),
+                  QStringLiteral("STUDIO-1")),
+             QStringLiteral("NACK"));
+    QVERIFY2(clock.elapsed() >= pauseMs, qPrintable(QString::number(clock.elapsed())));
+    QCOMPARE(unit->requests(), QStringList{QStringLiteral("SET_DHCPMODE")});
+    QCOMPARE(recorder->told, QStringList());
+}
+
+void TestSave::otherModesAreDhcp_data()
+{
+    QTest::addColumn<int>("mode");
+    QTest::newRow("two") << 2;
+    QTest::newRow("none chosen") << -1;
+}
+
+// Sent as DHCP, for it is not 1, and stored as a fixed address, for it is not 0.
+void TestSave::otherModesAreDhcp()
+{
+    QFETCH(int, mode);
+    scan();
+    QCOMPARE(save(mode, QStringLiteral("192.168.72.50"), QStringLiteral("255.255.0.0"),
+                  QStringLiteral("192.168.72.2"), QStringLiteral("STUDIO-1")),
+             QStringLiteral("OK"));
+    QCOMPARE(unit->requests(), QStringList{QStringLiteral("SET_DHCPMODE")});
+    QVERIFY(networkSettings().dhcp);
+    QVERIFY(storedKeys(QStringLiteral("connection")).contains(QStringLiteral("dhcpmode=false")));
+}
+
+// The command's own first line in the log is where it begins.
+void TestSave::formIsOnDiskBeforeTheFirstCommand()
+{
+    unit->withNetwork([](standin::NetworkSettings &settings) { settings.dhcp = true; });
+    scan();
+    QString atCommand;
+    {
+        const support::LogCapture capture;
+        support::LogCapture::onLine() = [&atCommand](const QString &line) {
+            if (line.startsWith(QLatin1String("setDhcpMode:")))
+                atCommand = storedText();
+        };
+        QCOMPARE(save(1, text(kUnit), QStringLiteral("255.255.255.0"), QStringLiteral("192.168.72.254"),
+                      QStringLiteral("STUDIO-1")),
+                 QStringLiteral("OK"));
+    }
+    QCOMPARE(keysOf(QStringLiteral("connection"), atCommand),
+             QStringList({QStringLiteral("dhcpmode=false"), QStringLiteral("gateway=192.168.72.254"),
+                          QStringLiteral("hostname=STUDIO-1"), QStringLiteral("ipaddress=192.168.72.10"),
+                          QStringLiteral("mac=00:50:C2:72:00:01"), QStringLiteral("mask=255.255.255.0"),
+                          QStringLiteral("netcard=[192.168.72.1] eth0"), QStringLiteral("primarydns=8.8.8.8"),
+                          QStringLiteral("seconddns=8.8.4.4")}));
+}
+
+void TestSave::eachSettingIsOnDiskBeforeItsCommand()
+{
+    scan();
+    iniExist = true; // so that the name alone is stored with it
+    const QString panel = text(kPanel);
+    const QString target = text(kUnit);
+    const QString address = QStringLiteral("192.168.72.99");
+    const struct
+    {
+        const char *begins; // the command's first line in the log
+        std::function<QString()> call;
+        QStringList stored;
+    } settings[] = {
+        {"setDhcpName",
+         [&] { return control->hlnpSetDhcpName(panel, target, QStringLiteral("N"), {}, {}); },
+         {QStringLiteral("hostname=N")}},
+        {"setDhcpMode:",
+         [&] { return control->hlnpSetDhcpMode(text(kMac), panel, target, 0); },
+         {QStringLiteral("dhcpmode=true")}},
+        {"setIpAdr: ",
+         [&] { return control->hlnpSetIpAdr(text(kMac), panel, target, address, address); },
+         {QStringLiteral("gateway=192.168.72.99"), QStringLiteral("ipaddress=192.168.72.99")}},
+        {"setGateway",
+         [&] { return control->hlnpSetGateway(panel, target, address); },
+         {QStringLiteral("gateway=192.168.72.99")}},
+        {"setNetmask",
+         [&] { return control->hlnpSetNetmask(panel, target, address); },
+         {QStringLiteral("mask=192.168.72.99")}},
+        {"setPrimDNS",
+         [&] { return control->hlnpSetPrimDNS(panel, target, address); },
+         {QStringLiteral("primarydns=192.168.72.99")}},
+        {"setSecDNS",
+         [&] { return control->hlnpSetSecDNS(panel, target, address); },
+         {QStringLiteral("seconddns=192.168.72.99")}},
+    };
+    for (const auto &setting : settings) {
+        control->initSettings->clear();
+        control->initSettings->sync();
+        QString atCommand;
+        {
+            const support::LogCapture capture;
+            support::LogCapture::onLine() = [&](const QString &line) {
+                if (line.startsWith(QLatin1String(setting.begins)))
+                    atCommand = storedText();
+            };
+            QCOMPARE(setting.call(), QStringLiteral("OK"));
+        }
+        QCOMPARE(keysOf(QStringLiteral("connection"), atCommand), setting.stored);
+    }
+}
+
+void TestSave::singleSettings()
+{
+    scan();
+    const QString panel = text(kPanel);
+    const QString target = text(kUnit);
+    QCOMPARE(control->hlnpSetDhcpName(panel, target, QStringLiteral("NAME"), text(kMac), text(kCard)),
+             QStringLiteral("OK"));
+    // No settings existed at start, so adapter and MAC are stored as well.
+    QCOMPARE(storedKeys(QStringLiteral("connection")),
+             QStringList({QStringLiteral("hostname=NAME"), QStringLiteral("mac=00:50:C2:72:00:01"),
+                          QStringLiteral("netcard=[192.168.72.1] eth0")}));
+    iniExist = true;
+    QCOMPARE(control->hlnpSetDhcpName(panel, target, QStringLiteral("NAME2"), QStringLiteral("AA"),
+                                      QStringLiteral("[x] y")),
+             QStringLiteral("OK"));
+    QVERIFY(storedKeys(QStringLiteral("connection")).contains(QStringLiteral("mac=00:50:C2:72:00:01")));
+
+    // 0 is stored as DHCP and goes out as it stands, which turns it off; 1 the other way about.
+    unit->withNetwork([](standin::NetworkSettings &settings) { settings.dhcp = true; });
+    QCOMPARE(control->hlnpSetDhcpMode(text(kMac), panel, target, 0), QStringLiteral("OK"));
+    QVERIFY(storedKeys(QStringLiteral("connection")).contains(QStringLiteral("dhcpmode=true")));
+    QVERIFY(!networkSettings().dhcp);
+
+    QCOMPARE(control->hlnpSetIpAdr(text(kMac), panel, target, QStringLiteral("192.168.72.60"),
+                                   QStringLiteral("192.168.72.3")),
+             QStringLiteral("OK"));
+    QCOMPARE(control->hlnpSetGateway(panel, target, QStringLiteral("192.168.72.4")), QStringLiteral("OK"));
+    QCOMPARE(control->hlnpSetNetmask(panel, target, QStringLiteral("255.0.0.0")), QStringLiteral("OK"));
+    QCOMPARE(control->hlnpSetPrimDNS(panel, target, QStringLiteral("1.2.3.4")), QStringLiteral("OK"));
+    QCOMPARE(control->hlnpSetSecDNS(panel, target, QStringLiteral("5.6.7.8")), QStringLiteral("OK"));
+    QCOMPARE(unit->requests(),
+             QStringList({QStringLiteral("SET_DHCPNAME"), QStringLiteral("SET_DHCPNAME"),
+                          QStringLiteral("SET_DHCPMODE"), QStringLiteral("SET_IPADR"),
+                          QStringLiteral("SET_GATEWAY"), QStringLiteral("SET_NETMASK"),
+                          QStringLiteral("SET_PRIDNS"), QStringLiteral("SET_SECDNS")}));
+    QCOMPARE(storedKeys(QStringLiteral("connection")),
+             QStringList({QStringLiteral("dhcpmode=true"), QStringLiteral("gateway=192.168.72.4"),
+                          QStringLiteral("hostname=NAME2"), QStringLiteral("ipaddress=192.168.72.60"),
+                          QStringLiteral("mac=00:50:C2:72:00:01"), QStringLiteral("mask=255.0.0.0"),
+                          QStringLiteral("netcard=[192.168.72.1] eth0"), QStringLiteral("primarydns=1.2.3.4"),
+                          QStringLiteral("seconddns=5.6.7.8")}));
+    QCOMPARE(recorder->told, QStringList());
+}
+
+void TestSave::badSingleSettings()
+{
+    scan();
+    const QString panel = text(kPanel);
+    const QString target = text(kUnit);
+    const QString bad = QStringLiteral("1.2.3");
+    const QString good = QStringLiteral("1.2.3.4");
+    control->timerRefreshStatus->start();
+    QCOMPARE(control->hlnpSetIpAdr(text(kMac), panel, target, bad, good),
+             QStringLiteral("IP Address format incorrect."));
+    QVERIFY(!control->timerRefreshStatus->isActive());
+    QCOMPARE(control->hlnpSetIpAdr(text(kMac), panel, target, good, bad),
+             QStringLiteral("Gateway Address format incorrect."));
+    QCOMPARE(control->hlnpSetGateway(panel, target, bad),
+             QStringLiteral("Gateway Address format incorrect."));
+    QCOMPARE(control->hlnpSetNetmask(panel, target, bad),
+             QStringLiteral("Netmask Address format incorrect."));
+    QCOMPARE(control->hlnpSetPrimDNS(panel, target, bad),
+             QStringLiteral("PrimDNS Address format incorrect."));
+    QCOMPARE(control->hlnpSetSecDNS(panel, target, bad), QStringLiteral("SecDNS Address format incorrect."));
+    QCOMPARE(unit->requests(), QStringList());
+    QVERIFY(!QFile::exists(settingsPath()));
+}
+
+void TestSave::reboot()
+{
+    scan();
+    control->timerRefreshStatus->start();
+    QCOMPARE(control->hlnpReboot(text(kMac), text(kPanel), text(kUnit)), QStringLiteral("OK"));
+    QVERIFY(!control->timerRefreshStatus->isActive());
+    QCOMPARE(unit->restarts(), 1);
+    QVERIFY(!QFile::exists(settingsPath()));
+}
+
+void TestSave::configForwarded()
+{
+    scan();
+    QCOMPARE(control->initHLNPConfig(1, QStringLiteral("mac"), text(kPanel), QStringLiteral("ip"),
+                                     QStringLiteral("host"), QStringLiteral("mask"), QStringLiteral("gate"),
+                                     QStringLiteral("prim"), QStringLiteral("sec")),
+             1);
+    const HLNP &hlnp = *deviceOf(*control)->hlnpObj;
+    QCOMPARE(hlnp.beforeDhcpIndex, 1);
+    QCOMPARE(hlnp.beforeMacaddr, QStringLiteral("mac"));
+    QCOMPARE(hlnp.beforeSecdns, QStringLiteral("sec"));
+}
+
+NETWORK_TEST_MAIN(TestSave)
+
+#include "tst_save.moc"

@@ -1,0 +1,98 @@
+// Loaded into the real program by QT_QPA_GENERIC_PLUGINS=observer, before any of its own objects stands: tells on
+// standard error what can't be seen from outside, and does what an operator or the system would do.
+//
+//     OBSERVER_STOP_AT   stops the process, as SIGSTOP from outside would, when a log line begins with this text
+//     OBSERVER_CLOSE_AT  closes the window when a log line begins with this text
+//
+// Its own lines begin with "observer:".
+
+#include <QApplication>
+#include <QFont>
+#include <QGenericPlugin>
+#include <QIcon>
+#include <QTimer>
+#include <QWindow>
+
+#include <csignal>
+#include <cstdio>
+
+namespace {
+
+QtMessageHandler usual = nullptr;
+QByteArray stopAt;
+QByteArray closeAt;
+
+void say(const QByteArray &text)
+{
+    std::fprintf(stderr, "observer:%s\n", text.constData());
+}
+
+void closeTheWindow()
+{
+    // What only stands in the running program: the icon as main set it, and the family that stands for the one that
+    // the documents name.
+    say("icon " + QByteArray::number(QApplication::windowIcon().availableSizes().size()));
+    say("substitutes " + QFont::substitutes(QStringLiteral("Noto Sans CJK TC Regular")).join(QLatin1Char(',')).toUtf8());
+    for (QWindow *window : QGuiApplication::topLevelWindows()) {
+        if (window->isVisible() && window->parent() == nullptr)
+            window->close();
+    }
+}
+
+// The log goes on as it went.
+void listen(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    usual(type, context, text);
+    const QByteArray line = text.toUtf8();
+    if (!stopAt.isEmpty() && line.startsWith(stopAt)) {
+        stopAt.clear();
+        std::raise(SIGSTOP);
+    }
+    if (!closeAt.isEmpty() && line.startsWith(closeAt)) {
+        closeAt.clear();
+        QTimer::singleShot(0, qApp, closeTheWindow);
+    }
+}
+
+// Sees each object of interest come, by the first child that it is given or the first event that it gets, and tells
+// when it goes.
+class Watch : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject *object, QEvent *event) override
+    {
+        Q_UNUSED(event)
+        const QByteArray name = object->metaObject()->className();
+        const bool isOfInterest = name == "mainControl" || name == "QQmlApplicationEngine"
+            || name.startsWith("ApplicationWindow") || name.startsWith("QQuickApplicationWindow");
+        if (isOfInterest && !object->property("observed").toBool()) {
+            object->setProperty("observed", true);
+            say("made " + name);
+            QObject::connect(object, &QObject::destroyed, [name] { say("destroyed " + name); });
+        }
+        return false;
+    }
+};
+
+} // namespace
+
+class ObserverPlugin : public QGenericPlugin
+{
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "observer.json")
+
+public:
+    QObject *create(const QString &, const QString &) override
+    {
+        stopAt = qgetenv("OBSERVER_STOP_AT");
+        closeAt = qgetenv("OBSERVER_CLOSE_AT");
+        usual = qInstallMessageHandler(listen);
+        auto *watch = new Watch;
+        qApp->installEventFilter(watch);
+        return watch;
+    }
+};
+
+#include "observer.moc"
