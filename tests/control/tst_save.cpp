@@ -183,22 +183,24 @@ void TestSave::saveRowOutsideTheTable()
     QCOMPARE(unit->requests(), QStringList());
 }
 
-// The row's address is empty: what goes to one unit can't be sent at all, what goes to all is sent and not answered
-// from there.
+// The row's address is empty: what goes to all arrives, what goes to one unit goes to nobody, and silence is success.
 void TestSave::filledFormOverAnEmptyRow()
 {
     scan();
-    const QString result = control->hlnpSave(text(kPanel), text(kCard), 5, text(kMac), QStringLiteral("NEW"),
-                                             1, QStringLiteral("192.168.72.50"),
-                                             QStringLiteral("255.255.0.0"), QStringLiteral("192.168.72.2"),
-                                             QStringLiteral("1.1.1.1"), QStringLiteral("2.2.2.2"));
-    QCOMPARE(result, QStringLiteral("Setting error, please check IP address:").repeated(5));
-    QCOMPARE(recorder->told,
-             QStringList({QStringLiteral("markHLNPDataRed(2)"), QStringLiteral("markHLNPDataRed(3)"),
-                          QStringLiteral("markHLNPDataRed(4)"), QStringLiteral("markHLNPDataRed(5)"),
-                          QStringLiteral("markHLNPDataRed(6)")}));
+    QCOMPARE(control->hlnpSave(text(kPanel), text(kCard), 5, text(kMac), QStringLiteral("NEW"), 1,
+                               QStringLiteral("192.168.72.50"), QStringLiteral("255.255.0.0"),
+                               QStringLiteral("192.168.72.2"), QStringLiteral("1.1.1.1"),
+                               QStringLiteral("2.2.2.2")),
+             QStringLiteral("OK"));
+    QCOMPARE(recorder->told, QStringList());
     QCOMPARE(unit->requests(), QStringList{QStringLiteral("SET_IPADR")});
-    QVERIFY(storedKeys(QStringLiteral("connection")).contains(QStringLiteral("ipaddress=192.168.72.50")));
+    QCOMPARE(networkSettings().name, QStringLiteral("STUDIO-1"));
+    QCOMPARE(storedKeys(QStringLiteral("connection")),
+             QStringList({QStringLiteral("dhcpmode=false"), QStringLiteral("gateway=192.168.72.2"),
+                          QStringLiteral("hostname=NEW"), QStringLiteral("ipaddress=192.168.72.50"),
+                          QStringLiteral("mac=00:50:C2:72:00:01"), QStringLiteral("mask=255.255.0.0"),
+                          QStringLiteral("netcard=[192.168.72.1] eth0"), QStringLiteral("primarydns=1.1.1.1"),
+                          QStringLiteral("seconddns=2.2.2.2")}));
 }
 
 void TestSave::refusedDhcpModeMarksNothing_data()

@@ -32,7 +32,8 @@ void closeTheWindow()
     // What only stands in the running program: the icon as main set it, and the family that stands for the one that
     // the documents name.
     say("icon " + QByteArray::number(QApplication::windowIcon().availableSizes().size()));
-    say("substitutes " + QFont::substitutes(QStringLiteral("Noto Sans CJK TC Regular")).join(QLatin1Char(',')).toUtf8());
+    say("substitutes "
+        + QFont::substitutes(QStringLiteral("Noto Sans CJK TC Regular")).join(QLatin1Char(',')).toUtf8());
     for (QWindow *window : QGuiApplication::topLevelWindows()) {
         if (window->isVisible() && window->parent() == nullptr)
             window->close();
@@ -59,20 +60,26 @@ void listen(QtMsgType type, const QMessageLogContext &context, const QString &te
 class Watch : public QObject
 {
 public:
-    using QObject::QObject;
-
     bool eventFilter(QObject *object, QEvent *event) override
     {
         Q_UNUSED(event)
-        const QByteArray name = object->metaObject()->className();
-        const bool isOfInterest = name == "mainControl" || name == "QQmlApplicationEngine"
-            || name.startsWith("ApplicationWindow") || name.startsWith("QQuickApplicationWindow");
-        if (isOfInterest && !object->property("observed").toBool()) {
+        const QByteArray role = roleOf(*object);
+        if (!role.isEmpty() && !object->property("observed").toBool()) {
             object->setProperty("observed", true);
-            say("made " + name);
-            QObject::connect(object, &QObject::destroyed, [name] { say("destroyed " + name); });
+            say("made " + role);
+            QObject::connect(object, &QObject::destroyed, [role] { say("destroyed " + role); });
         }
         return false;
+    }
+
+private:
+    static QByteArray roleOf(const QObject &object)
+    {
+        const QByteArray name = object.metaObject()->className();
+        if (name == "mainControl")
+            return "facade";
+        const auto *window = qobject_cast<const QWindow *>(&object);
+        return window && window->title().startsWith(QLatin1String("QKV-720")) ? "window" : "";
     }
 };
 

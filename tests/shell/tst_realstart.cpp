@@ -1,0 +1,141 @@
+// The program itself once more, with an observer loaded into it: what can't be told by its log and its file alone.
+
+#include "panelrun.h"
+
+#include <QThread>
+#include <QtTest>
+
+namespace {
+
+// The observer stops the program or closes its window when a log line begins like this.
+Environment observed(const char *variable, const QString &line = QString())
+{
+    return [variable, line](QProcessEnvironment &environment) {
+        environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(OBSERVER_FOLDER));
+        environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QStringLiteral("observer"));
+        if (!line.isEmpty())
+            environment.insert(QLatin1String(variable), line);
+    };
+}
+
+const QString kLocale = QStringLiteral("C.UTF-8");
+
+} // namespace
+
+class TestRealStart : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { QFile::remove(settingsPath()); }
+
+    void aFirstRunUnderAChineseLocale_data()
+    {
+        QTest::addColumn<QString>("locale");
+        QTest::addColumn<QString>("language");
+        QTest::newRow("traditional") << "zh_TW.UTF-8"
+                                     << "zh_TW";
+        QTest::newRow("simplified") << "zh_CN.UTF-8"
+                                    << "zh_CN";
+        QTest::newRow("one without a catalogue") << "de_DE.UTF-8"
+                                                 << "de_DE";
+    }
+
+    // The system's language is installed and stored while the document loads; the language box then puts English in
+    // its place, and nothing brings it back.
+    void aFirstRunUnderAChineseLocale()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, language);
+        const bool hasCatalogue = language.startsWith(QLatin1String("zh"));
+        // The second language to be loaded is the box's: up to there the file holds the system's.
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), locale,
+                  observed("OBSERVER_STOP_AT", QStringLiteral("Translator loaded: true")));
+        QVERIFY2(panel.stopped(), qPrintable(panel.output()));
+        if (hasCatalogue) {
+            // Stopped in the first: nothing is stored yet.
+            QVERIFY(!QFile::exists(settingsPath()));
+            QCOMPARE(panel.output().count(QStringLiteral("Translator loaded:")), 1);
+        } else {
+            // Stopped in the box's English: the system's has no catalogue, and its name is stored all the same.
+            QCOMPARE(storedLanguage(settingsPath()), language);
+            QVERIFY(panel.output().contains(QStringLiteral("Translator loaded: false")));
+        }
+        panel.goOn();
+        QVERIFY2(panel.printed(kStarted), qPrintable(panel.output()));
+        QCOMPARE(panel.output().count(QStringLiteral("Translator loaded: true")), hasCatalogue ? 2 : 1);
+        QCOMPARE(storedLanguage(settingsPath()), QStringLiteral("en_US"));
+    }
+
+    void theSavedLanguageIsStoredAgain()
+    {
+        storeLanguage(QStringLiteral("zh_TW"));
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), kLocale,
+                  observed("OBSERVER_STOP_AT", QStringLiteral("onRefreshLanguage")));
+        QVERIFY2(panel.stopped(), qPrintable(panel.output()));
+        // The document stands, and its language box has put its first entry in the place of the saved one.
+        QCOMPARE(storedLanguage(settingsPath()), QStringLiteral("en_US"));
+        panel.goOn();
+        QVERIFY2(panel.printed(kStarted), qPrintable(panel.output()));
+        QCOMPARE(storedLanguage(settingsPath()), QStringLiteral("zh_TW"));
+        QCOMPARE(panel.output().count(QStringLiteral("Translator loaded: true")), 3);
+    }
+
+    // The timer of the start is long due when the process wakes, and waits for the event loop all the same.
+    void aStoppedProcessConnectsAfterItsDocument()
+    {
+        constexpr unsigned long kStoppedMs = 2000; // the timer's 1500 ms and more
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), kLocale,
+                  observed("OBSERVER_STOP_AT", QStringLiteral("Translator loaded:")));
+        QVERIFY2(panel.stopped(), qPrintable(panel.output()));
+        QVERIFY(!panel.output().contains(QStringLiteral("onRefreshLanguage")));
+        QThread::msleep(kStoppedMs);
+        panel.goOn();
+        QVERIFY2(panel.printed(kStarted), qPrintable(panel.output()));
+        const int told = panel.output().indexOf(QStringLiteral("onRefreshLanguage"));
+        QVERIFY2(told >= 0 && told < panel.output().indexOf(kStarted), qPrintable(panel.output()));
+    }
+
+    // Closing the window ends the loop; then the document goes before the facade that it talks to.
+    void closingTheWindowTearsDownInOrder()
+    {
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), kLocale,
+                  observed("OBSERVER_CLOSE_AT", kStarted));
+        QVERIFY2(panel.ended(), qPrintable(panel.output()));
+        QVERIFY2(!panel.crashed(), qPrintable(panel.output()));
+        QCOMPARE(panel.exitCode(), 0);
+        int at = panel.output().indexOf(kStarted);
+        QVERIFY2(at >= 0, qPrintable(panel.output()));
+        for (const char *line : {"observer:destroyed window", "observer:destroyed facade"}) {
+            const int next = panel.output().indexOf(QLatin1String(line), at);
+            QVERIFY2(next >= 0,
+                     qPrintable(line + QStringLiteral(" is missing or out of order in\n") + panel.output()));
+            at = next;
+        }
+    }
+
+    void withoutADocumentTheFacadeIsTornDownToo()
+    {
+        Run panel(QStringLiteral(PANEL_WITHOUT_DOCUMENT), QDir::currentPath(), kLocale, observed(""));
+        QVERIFY2(panel.ended(), qPrintable(panel.output()));
+        QVERIFY2(!panel.crashed(), qPrintable(panel.output()));
+        QCOMPARE(panel.exitCode(), 255); // -1, as the system hands it on
+        QVERIFY2(panel.output().contains(QStringLiteral("observer:made facade")), qPrintable(panel.output()));
+        QVERIFY2(panel.output().contains(QStringLiteral("observer:destroyed facade")),
+                 qPrintable(panel.output()));
+    }
+
+    void iconAndFontAreThere()
+    {
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), kLocale,
+                  observed("OBSERVER_CLOSE_AT", kStarted));
+        QVERIFY2(panel.ended(), qPrintable(panel.output()));
+        QVERIFY2(panel.output().contains(QRegularExpression(QStringLiteral("observer:icon [1-9]"))),
+                 qPrintable(panel.output()));
+        QVERIFY2(panel.output().contains(QStringLiteral("observer:substitutes noto sans cjk tc\n")),
+                 qPrintable(panel.output()));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestRealStart)
+#include "tst_realstart.moc"
