@@ -1,26 +1,28 @@
 import QtQuick 2.12
 import "."
 
-// An entry of the left menu; whoever uses it says whether it is the selected one.
+// An entry of the left menu, which brings its page to the front.
 //
-// Properties: text, textColor, source (the picture). Signals: clicked().
+// Properties: text, page, textColor.
 Image {
+    id: menuEntry
+
+    property int page
     property alias text: entryText.text
     property alias textColor: entryText.color
+    readonly property bool selected: tabPageID === page
 
-    signal clicked()
-
-    source: "qrc:/img/pc/btn_n_menu_dashboard.png"
+    source: selected ? "qrc:/img/pc/btn_p_menu_dashboard.png" : "qrc:/img/pc/btn_n_menu_dashboard.png"
 
     PanelText {
         id: entryText
         anchors { top: parent.top; topMargin: 15; left: parent.left; leftMargin: 24 }
         height: 28
-        color: Look.entry
+        color: menuEntry.selected ? "#8BC7EA" : Look.entry
     }
 
     MouseArea {
         anchors.fill: parent
-        onClicked: parent.clicked()
+        onClicked: selectPage(menuEntry.page)
     }
 }

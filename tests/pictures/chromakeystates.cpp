@@ -88,6 +88,7 @@ QVector<State> sections()
              s.showPage(2);
              foldSections(s, 5);
              s.fold("pageCK.pageCK_ContentArea05");
+             s.scrollTo("pageCK", 1);
          }},
         {"chroma-dark-rows",
          [](Scene &s) {

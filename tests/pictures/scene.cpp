@@ -196,7 +196,8 @@ void Scene::fold(const QString &section)
         if (!view->inherits("QQuickFlickable"))
             continue;
         const qreal top = view->property("contentY").toReal() + target->mapToItem(view, QPointF(0, 0)).y();
-        view->setProperty("contentY", qMax(0.0, top - kFoldMark.y()));
+        const qreal last = view->property("contentHeight").toReal() - view->height();
+        view->setProperty("contentY", qBound(0.0, top - kFoldMark.y(), qMax(0.0, last)));
     }
     click(section, kFoldMark);
     awaitFold();

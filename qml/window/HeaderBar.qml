@@ -1,0 +1,75 @@
+import QtQuick 2.12
+import "../blocks"
+
+// The header: Connect, Setup and the language.
+Image {
+    property alias comboMainLanguage: comboMainLanguage
+    property alias btnSetup: btnSetup
+    property alias btnConnect: btnConnect
+
+    function face(state, name) {
+        return "qrc:/img/pc/btn_" + state + "_" + name + "_dashboard.png"
+    }
+
+    function enableSetup(on) {
+        btnSetup.enabled = on
+        btnSetup.source = face(on ? "n" : "d", "setup")
+    }
+
+    function connectClosed() {
+        btnConnectClicked = false
+        btnConnect.source = face("n", "connect")
+    }
+
+    function setupClosed() {
+        btnSetupClicked = false
+        btnSetup.source = face("n", "setup")
+    }
+
+    source: "qrc:/img/pc/img_bg_header_dashboard.png"
+
+    LanguageCombo {
+        id: comboMainLanguage
+        anchors { top: parent.top; topMargin: 6; right: parent.right }
+        textRole: "modelData"
+        model: listLanguage
+        onCurrentIndexChanged: switchLanguage()
+    }
+
+    FaceButton {
+        id: btnSetup
+        anchors { top: parent.top; topMargin: 6; right: comboMainLanguage.left; rightMargin: 6 }
+        source: face("n", "setup")
+        onClicked: {
+            source = face(btnSetupClicked ? "n" : "p", "setup")
+            if (!btnSetupClicked)
+                popupSetup.open()
+            btnSetupClicked = !btnSetupClicked
+        }
+    }
+
+    FaceButton {
+        id: btnConnect
+        anchors { top: parent.top; topMargin: 6; right: btnSetup.left }
+        source: face("n", "connect")
+        onClicked: {
+            source = face(btnConnectClicked ? "n" : "p", "connect")
+            if (!btnConnectClicked) {
+                mainObject.connectPopup(comboConnectInterface.currentIndex, comboConnectComPort.currentIndex)
+                popupConnect.open()
+            }
+            btnConnectClicked = !btnConnectClicked
+        }
+    }
+
+    Connections {
+        target: mainObject
+
+        onRefreshLanguage: {
+            console.log("onRefreshLanguage", lan)
+            var index = ["en_US", "zh_TW", "zh_CN"].indexOf(lan)
+            if (index >= 0)
+                comboMainLanguage.currentIndex = index
+        }
+    }
+}

@@ -1,0 +1,180 @@
+import QtQuick 2.12
+import ".."
+import "../blocks"
+
+// The network settings of a unit, as found, saved or typed.
+//
+// Functions: show(), write(), mark(), showSubnet().
+Item {
+    property alias txtHostname: txtHostname
+    property alias txtMacaddr: txtMacaddr
+    property alias labelHint: labelHint
+    property alias comboAddrmode: comboAddrmode
+    property alias txtIPAddr: rowIPAddr.field
+    property alias txtNetmask: rowNetmask.field
+    property alias txtGateway: rowGateway.field
+    property alias txtPrimdns: rowPrimdns.field
+    property alias txtSecdns: rowSecdns.field
+    property alias labelIPAddrError: labelIPAddrError
+
+    function write(hostname, macaddr, ipaddr, gateway, mask, primDns, secDns) {
+        txtHostname.text = hostname
+        txtMacaddr.text = macaddr
+        txtIPAddr.text = ipaddr
+        txtGateway.text = gateway
+        txtNetmask.text = mask
+        txtPrimdns.text = primDns
+        txtSecdns.text = secDns
+    }
+
+    function colorAddresses(color) {
+        var fields = [txtIPAddr, txtGateway, txtNetmask, txtPrimdns, txtSecdns]
+        fields.forEach(function (field) { field.color = color })
+    }
+
+    function color(editable) {
+        txtHostname.color = "#D8D8D8"
+        colorAddresses(editable ? "#D8D8D8" : "#909090")
+    }
+
+    // Marks stand until they are taken back, whatever else is shown meanwhile.
+    function mark(index) {
+        var field = [txtIPAddr, txtHostname, txtGateway, txtNetmask, txtPrimdns, txtSecdns][index - 1]
+        if (index === 0) {
+            errorColored = false
+            color(comboAddrmode.currentIndex === 1)
+        } else if (field) {
+            errorColored = true
+            field.color = "#aa0000"
+        }
+    }
+
+    function show(dhcp, hostname, macaddr, ipaddr, gateway, mask, primDns, secDns) {
+        comboAddrmode.currentIndex = dhcp ? 0 : 1
+        write(hostname, macaddr, ipaddr, gateway, mask, primDns, secDns)
+        if (!errorColored)
+            color(didScan && comboAddrmode.currentIndex === 1)
+    }
+
+    function showSubnet(inside) {
+        ipAddrError = !inside
+        txtIPAddr.color = inside ? "#D8D8D8" : "#990000"
+    }
+
+    FormRow {
+        y: 225
+        title: qsTranslate("main", "Host Name") + qmlTranslator.e_str
+
+        NetworkField {
+            id: txtHostname
+            maximumLength: 15
+            readOnly: !didScan
+            validator: RegExpValidator { regExp: /[0-9A-Za-z_ ]{1,15}/ }
+            onTextEdited: hlnpNetHostnameChned = true
+        }
+    }
+
+    FormRow {
+        y: 280
+        title: qsTranslate("main", "Mac Address") + qmlTranslator.e_str
+
+        FormLabel {
+            id: txtMacaddr
+            width: 216
+            leftPadding: 6
+        }
+    }
+
+    DividerLine {
+        x: 25; y: 332
+    }
+
+    FormLabel {
+        id: labelHint
+        x: 20; y: 334; width: 610; height: 16
+        visible: false
+        text: qsTranslate("main", "To edit network config, please Scan first.") + qmlTranslator.e_str
+        color: "#9E9E9E"
+        font.pixelSize: 14
+    }
+
+    FormRow {
+        y: 352
+        title: qsTranslate("main", "Address Mode") + qmlTranslator.e_str
+
+        MyComboBox {
+            id: comboAddrmode
+            width: 216; height: 32
+            model: ["DHCP", qsTranslate("main", "Static IP") + qmlTranslator.e_str]
+            onCurrentIndexChanged: {
+                if (settling)
+                    return
+                hlnpNetDHCPModeChned = true
+                if (currentIndex === 1) {
+                    hlnpNetIPAddrChned = true
+                    if (didScan)
+                        color(true)
+                } else {
+                    colorAddresses("#909090")
+                }
+            }
+        }
+    }
+
+    AddressRow {
+        id: rowIPAddr
+        y: 404
+        title: qsTranslate("main", "IP Address") + qmlTranslator.e_str
+        field.color: ipAddrError ? "#990000" : "#909090"
+        onEdited: hlnpNetIPAddrChned = true
+    }
+
+    Image {
+        x: 422; y: 408
+        visible: labelIPAddrError.visible
+        source: "qrc:/img/pc/ico_alert.png"
+    }
+
+    FormLabel {
+        id: labelIPAddrError
+        x: 456; y: 404
+        visible: ipAddrError && txtIPAddr.text !== ""
+        text: qsTranslate("main", "IP Address is not \nin the same network.") + qmlTranslator.e_str
+        color: "#9E9E9E"
+        lineHeight: 16
+        lineHeightMode: Text.FixedHeight
+        font.pixelSize: 14
+    }
+
+    AddressRow {
+        id: rowNetmask
+        y: 456
+        title: qsTranslate("main", "Network Mask") + qmlTranslator.e_str
+        onEdited: hlnpNetMaskChned = true
+    }
+
+    AddressRow {
+        id: rowGateway
+        y: 508
+        title: qsTranslate("main", "Gateway") + qmlTranslator.e_str
+        onEdited: hlnpNetGatewayChned = true
+    }
+
+    AddressRow {
+        id: rowPrimdns
+        y: 560
+        title: qsTranslate("main", "Primary DNS") + qmlTranslator.e_str
+        onEdited: hlnpNetPrimdnsChned = true
+    }
+
+    AddressRow {
+        id: rowSecdns
+        y: 612
+        title: qsTranslate("main", "Secondary DNS") + qmlTranslator.e_str
+        onEdited: hlnpNetSecdnsChned = true
+    }
+
+    DividerLine {
+        x: 25; y: 654
+    }
+}

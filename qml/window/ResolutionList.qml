@@ -1,0 +1,22 @@
+import QtQuick 2.12
+
+// Every format of a signal. The row is the unit's code of it.
+ListModel {
+    ListElement { modelData: "None"; value: 0 } ListElement { modelData: "PAL"; value: 1 }
+    ListElement { modelData: "NTSC"; value: 2 } ListElement { modelData: "720p50"; value: 3 }
+    ListElement { modelData: "720p59.94"; value: 4 } ListElement { modelData: "720p60"; value: 5 }
+    ListElement { modelData: "1080i50"; value: 6 } ListElement { modelData: "1080i59.94"; value: 7 }
+    ListElement { modelData: "1080i60"; value: 8 } ListElement { modelData: "1080p23.98"; value: 9 }
+    ListElement { modelData: "1080p24"; value: 10 } ListElement { modelData: "1080p25"; value: 11 }
+    ListElement { modelData: "1080p29.97"; value: 12 } ListElement { modelData: "1080p30"; value: 13 }
+    ListElement { modelData: "1080p50"; value: 14 } ListElement { modelData: "1080p59.94"; value: 15 }
+    ListElement { modelData: "1080p60"; value: 16 } ListElement { modelData: "2160p23.98"; value: 17 }
+    ListElement { modelData: "2160p24"; value: 18 } ListElement { modelData: "2160p25"; value: 19 }
+    ListElement { modelData: "2160p29.97"; value: 20 } ListElement { modelData: "2160p30"; value: 21 }
+    ListElement { modelData: "2160p50"; value: 22 } ListElement { modelData: "2160p59.94"; value: 23 }
+    ListElement { modelData: "2160p60"; value: 24 } ListElement { modelData: "2160wp23.98"; value: 25 }
+    ListElement { modelData: "2160wp24"; value: 26 } ListElement { modelData: "2160wp25"; value: 27 }
+    ListElement { modelData: "2160wp29.97"; value: 28 } ListElement { modelData: "2160wp30"; value: 29 }
+    ListElement { modelData: "2160wp50"; value: 30 } ListElement { modelData: "2160wp59.94"; value: 31 }
+    ListElement { modelData: "2160wp60"; value: 32 }
+}

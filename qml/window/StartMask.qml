@@ -1,0 +1,63 @@
+import QtQuick 2.12
+import QtQuick.Controls 2.5
+import ".."
+
+// Stands over everything but the header while no unit is connected. The default padding would push the
+// arrow off the Connect button.
+Popup {
+    id: startMask
+
+    property alias maskbusy: maskbusy
+    property alias guideArrow: guideArrow
+    property alias maskBusyTimer: maskBusyTimer
+
+    y: 48
+    width: mainWindow.width
+    height: mainWindow.height - 48
+    padding: 0
+    focus: true
+    closePolicy: Popup.NoAutoClose
+    font.pixelSize: Math.max(1, height * 0.03)
+    background: Rectangle {
+        color: "black"
+        opacity: 0.75
+    }
+
+    contentItem: Item {
+        MouseArea {
+            anchors.fill: parent
+            hoverEnabled: true
+            onWheel: wheel.accepted = true
+        }
+
+        PageBusy {
+            id: maskbusy
+            anchors.centerIn: parent
+            running: true
+        }
+
+        Image {
+            id: guideArrow
+            anchors { top: parent.top; topMargin: -25; right: parent.right; rightMargin: 129 }
+            source: "qrc:/img/pc/img_up_arrow.png"
+            scale: 0.5
+
+            SequentialAnimation {
+                running: startMask.visible
+                loops: Animation.Infinite
+                PropertyAnimation { target: guideArrow; property: "opacity"; to: 0.8; duration: 1200 }
+                PropertyAnimation { target: guideArrow; property: "opacity"; to: 0.1; duration: 1200 }
+            }
+        }
+
+        Timer {
+            id: maskBusyTimer
+            interval: 500
+            running: true
+            onTriggered: {
+                maskbusy.running = false
+                maskbusy.visible = false
+            }
+        }
+    }
+}
