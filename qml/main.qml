@@ -38,8 +38,8 @@ ApplicationWindow {
 
     // ---------------------------------------------------------------- names that others use
 
-    // By other documents and by the tests. An alias reaches into a part and no deeper; what lies deeper is named
-    // by the object itself.
+    // By other documents and by the tests. An alias reaches into a part and no deeper; what lies deeper is
+    // named by the object itself.
     property alias comboMainLanguage: recHeader.comboMainLanguage
     property alias btnSetup: recHeader.btnSetup
     property alias btnConnect: recHeader.btnConnect
@@ -168,8 +168,8 @@ ApplicationWindow {
     title: "QKV-720 v1.6.7"
     color: "#060A12"
     font.pixelSize: 18
-    font.family: qmlTranslator.currentLanguage() + qmlTranslator.e_str === "en_US" ? hlFontEnRegular.name
-                                                                                    : "Noto Sans CJK TC Regular"
+    font.family: qmlTranslator.currentLanguage() + qmlTranslator.e_str === "en_US"
+                 ? hlFontEnRegular.name : "Noto Sans CJK TC Regular"
 
     Component.onCompleted: {
         settling = false

@@ -118,8 +118,8 @@ PopupFrame {
             console.log("Not doing reboot!")
             // The unit needs this long to take its settings; the operator restarts it by hand.
             mainObject.msecSleep(2000)
-            msgConnect.text = result !== "OK" ? result
-                : qsTranslate("main", "Please reboot this device: \n") + qmlTranslator.e_str + txtHostname.text
+            var restartIt = qsTranslate("main", "Please reboot this device: \n") + qmlTranslator.e_str
+            msgConnect.text = result === "OK" ? restartIt + txtHostname.text : result
         }
         btnConnectSave.enabled = true
     }

@@ -195,7 +195,7 @@ PopupFrame {
 
         onShowVout: {
             // Both combos hold the poll at every change, one that the unit reports included: after a format
-            // that was changed at the unit the poll rests until the next operation, or until the panel closes.
+            // that was changed at the unit the poll rests until the next operation or until the panel closes.
             comboSetupVOutRes.currentIndex = findListOutputResolutionIndex(res)
             comboSetupVOutOutputFormat.currentIndex = colorformat
             autoOutputRes = std !== 0
