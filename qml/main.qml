@@ -81,10 +81,10 @@ ApplicationWindow {
     property alias comboIPSelect: popupConnect.comboIPSelect
     readonly property Item txtHostname: popupConnect.networkForm.txtHostname
     readonly property Item txtMacaddr: popupConnect.networkForm.txtMacaddr
-    readonly property Item labelHint: popupConnect.networkForm.labelHint
+    property alias labelHint: popupConnect.labelHint
     readonly property Item comboAddrmode: popupConnect.networkForm.comboAddrmode
     readonly property Item txtIPAddr: popupConnect.networkForm.txtIPAddr
-    readonly property Item labelIPAddrError: popupConnect.networkForm.labelIPAddrError
+    property alias labelIPAddrError: popupConnect.labelIPAddrError
     readonly property Item txtNetmask: popupConnect.networkForm.txtNetmask
     readonly property Item txtGateway: popupConnect.networkForm.txtGateway
     readonly property Item txtPrimdns: popupConnect.networkForm.txtPrimdns

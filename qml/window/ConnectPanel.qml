@@ -13,6 +13,8 @@ PopupFrame {
     property alias comboConnectComPort: comboConnectComPort
     property alias imgConnectScan: imgConnectScan
     property alias comboIPSelect: comboIPSelect
+    property alias labelHint: labelHint
+    property alias labelIPAddrError: labelIPAddrError
     property alias btnConnectConnect: btnConnectConnect
     property alias btnConnectDisconnect: btnConnectDisconnect
     property alias msgConnect: msgConnect
@@ -208,6 +210,32 @@ PopupFrame {
         NetworkForm {
             id: networkForm
             visible: network
+        }
+
+        FormLabel {
+            id: labelHint
+            x: 20; y: 334; width: 610; height: 16
+            visible: false
+            text: qsTranslate("main", "To edit network config, please Scan first.") + qmlTranslator.e_str
+            color: "#9E9E9E"
+            font.pixelSize: 14
+        }
+
+        Image {
+            x: 422; y: 408
+            visible: labelIPAddrError.visible
+            source: "qrc:/img/pc/ico_alert.png"
+        }
+
+        FormLabel {
+            id: labelIPAddrError
+            x: 456; y: 404
+            visible: ipAddrError && network && txtIPAddr.text !== ""
+            text: qsTranslate("main", "IP Address is not \nin the same network.") + qmlTranslator.e_str
+            color: "#9E9E9E"
+            lineHeight: 16
+            lineHeightMode: Text.FixedHeight
+            font.pixelSize: 14
         }
 
         FaceButton {

@@ -8,14 +8,12 @@ import "../blocks"
 Item {
     property alias txtHostname: txtHostname
     property alias txtMacaddr: txtMacaddr
-    property alias labelHint: labelHint
     property alias comboAddrmode: comboAddrmode
     property alias txtIPAddr: rowIPAddr.field
     property alias txtNetmask: rowNetmask.field
     property alias txtGateway: rowGateway.field
     property alias txtPrimdns: rowPrimdns.field
     property alias txtSecdns: rowSecdns.field
-    property alias labelIPAddrError: labelIPAddrError
 
     function write(hostname, macaddr, ipaddr, gateway, mask, primDns, secDns) {
         txtHostname.text = hostname
@@ -89,15 +87,6 @@ Item {
         x: 25; y: 332
     }
 
-    FormLabel {
-        id: labelHint
-        x: 20; y: 334; width: 610; height: 16
-        visible: false
-        text: qsTranslate("main", "To edit network config, please Scan first.") + qmlTranslator.e_str
-        color: "#9E9E9E"
-        font.pixelSize: 14
-    }
-
     FormRow {
         y: 352
         title: qsTranslate("main", "Address Mode") + qmlTranslator.e_str
@@ -127,23 +116,6 @@ Item {
         title: qsTranslate("main", "IP Address") + qmlTranslator.e_str
         field.color: ipAddrError ? "#990000" : "#909090"
         onEdited: hlnpNetIPAddrChned = true
-    }
-
-    Image {
-        x: 422; y: 408
-        visible: labelIPAddrError.visible
-        source: "qrc:/img/pc/ico_alert.png"
-    }
-
-    FormLabel {
-        id: labelIPAddrError
-        x: 456; y: 404
-        visible: ipAddrError && txtIPAddr.text !== ""
-        text: qsTranslate("main", "IP Address is not \nin the same network.") + qmlTranslator.e_str
-        color: "#9E9E9E"
-        lineHeight: 16
-        lineHeightMode: Text.FixedHeight
-        font.pixelSize: 14
     }
 
     AddressRow {
