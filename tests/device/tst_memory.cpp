@@ -1,4 +1,5 @@
 #include "tests/device/devicebench.h"
+#include "tests/device/unitfields.h"
 
 // User memories and the setup store.
 class MemoryTest : public QObject
@@ -9,7 +10,10 @@ private slots:
     void saveSetupDoesNotReconnect();
     void memoriesAndSetup_data();
     void memoriesAndSetup();
+    void savingChangesNoField_data();
+    void savingChangesNoField();
     void failedRecallRefreshesNothing();
+    void fourWrongChecksumsRefreshNothing();
 
 private:
     // Lets the socket notice that the other end is gone.
@@ -64,6 +68,12 @@ void MemoryTest::memoriesAndSetup()
     QCOMPARE(int(bench.device->videoOut.res), int(PAL));
     bench.host.clearRecord();
 
+    // The number is cut to a byte: this one is the factory's.
+    bench.device->loadMemory(method, 256);
+    QCOMPARE(bench.frames(), (QStringList{frameOn(method, "0400640068")} + status).join(separator));
+    QCOMPARE(int(bench.device->videoOut.res), int(P59_1080));
+    bench.host.clearRecord();
+
     bench.device->saveMemory(method, 256);
     QCOMPARE(bench.frames(), frameOn(method, "0400E400E8"));
     bench.host.clearRecord();
@@ -71,6 +81,24 @@ void MemoryTest::memoriesAndSetup()
     bench.device->saveSetup(method);
     QCOMPARE(bench.frames(), (QStringList{frameOn(method, "0300E5E8")} + status).join(separator));
     QVERIFY(bench.device->isConnected);
+}
+
+void MemoryTest::savingChangesNoField_data()
+{
+    memoriesAndSetup_data();
+}
+
+void MemoryTest::savingChangesNoField()
+{
+    QFETCH(uint, method);
+    DeviceBench bench(method);
+    QVERIFY(bench.connectUnit());
+    for (int round = 0; round < 2; ++round) {
+        scramble(*bench.device, round);
+        const Snapshot before = snapshotOf(*bench.device);
+        bench.device->saveMemory(method, 5);
+        QCOMPARE(differences(snapshotOf(*bench.device), before), QString());
+    }
 }
 
 void MemoryTest::failedRecallRefreshesNothing()
@@ -93,6 +121,21 @@ void MemoryTest::failedRecallRefreshesNothing()
     serial.host.clearRecord();
     serial.device->saveSetup(kSerialLink);
     QCOMPARE(serial.host.codes(), (QVector<int>{0xE5}));
+}
+
+void MemoryTest::fourWrongChecksumsRefreshNothing()
+{
+    DeviceBench bench(kSerialLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::Memory, standin::Fault::wrongChecksum());
+    bench.host.setFault(standin::SaveSetup, standin::Fault::wrongChecksum());
+    bench.device->loadMemory(kSerialLink, 1);
+    QCOMPARE(bench.host.codes(), (QVector<int>{0x64, 0x64, 0x64, 0x64}));
+    bench.host.clearRecord();
+    bench.device->saveSetup(kSerialLink);
+    QCOMPARE(bench.host.codes(), (QVector<int>{0xE5, 0xE5, 0xE5, 0xE5}));
+    QVERIFY(bench.device->isConnected);
+    QCOMPARE(bench.broken.count(), 0);
 }
 
 QTEST_GUILESS_MAIN(MemoryTest)

@@ -13,6 +13,8 @@ private slots:
     void serialVersionLengths_data();
     void serialVersionLengths();
     void silentDeviceTypeOnSerialConnects();
+    void wrongChecksumsEndTheConnect_data();
+    void wrongChecksumsEndTheConnect();
     void connectToMissingSerialPort();
     void connectClosesTheSerialPort();
     void silentSerialUnitRaisesNothing();
@@ -54,6 +56,36 @@ void SerialTest::silentDeviceTypeOnSerialConnects()
     QCOMPARE(bench.device->connectDevice(kSerialLink, bench.target()), QStringLiteral("OK"));
     QVERIFY(bench.device->isConnected);
     QCOMPARE(bench.host.count(standin::DeviceType), 1);
+}
+
+void SerialTest::wrongChecksumsEndTheConnect_data()
+{
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QVector<int>>("codes");
+    QTest::newRow("version") << int(standin::Version) << QVector<int>{0x6C, 0x6C, 0x6C, 0x6C};
+    QTest::newRow("device type") << int(standin::DeviceType) << QVector<int>{0x6C, 0x6F, 0x6F, 0x6F, 0x6F};
+}
+
+// Both greetings are asked four times, as an ordinary command is; the port stays open.
+void SerialTest::wrongChecksumsEndTheConnect()
+{
+    QFETCH(int, code);
+    QFETCH(QVector<int>, codes);
+    DeviceBench bench(kSerialLink);
+    bench.host.setFault(code, standin::Fault::wrongChecksum());
+    QString result;
+    QVERIFY(bench.framesComeApart({450, 650, 1150}, [&bench, &result] {
+        bench.device->isConnected = false;
+        result = bench.device->connectDevice(kSerialLink, bench.target());
+    }));
+    QCOMPARE(result, kVersionFailed);
+    QCOMPARE(bench.host.codes(), codes);
+    QVERIFY(!bench.device->isConnected);
+    QCOMPARE(bench.broken.count(), 0);
+
+    // Three of them are made good by the fourth attempt.
+    bench.host.setFault(code, standin::Fault::wrongChecksum(3));
+    QCOMPARE(bench.device->connectDevice(kSerialLink, bench.target()), QStringLiteral("OK"));
 }
 
 void SerialTest::connectToMissingSerialPort()
