@@ -2,12 +2,7 @@
 
 #include <QByteArray>
 #include <QHostAddress>
-#include <QMutex>
 #include <QString>
-#include <QStringList>
-
-#include <sys/types.h>
-#include <unistd.h>
 
 // What a device puts on the wire, built by hand from the format and not by the panel's code.
 
@@ -70,50 +65,3 @@ inline QByteArray modelNameReply(const QByteArray &name)
     bytes[1] = static_cast<char>(bytes.size());
     return bytes;
 }
-
-// 127.x.y.<last>, with x and y of this process alone, so that cases may run side by side.
-inline QString ownLoopback(int last)
-{
-    const auto pid = static_cast<int>(getpid());
-    return QStringLiteral("127.%1.%2.%3").arg(64 + (pid >> 8) % 128).arg(pid % 256).arg(last);
-}
-
-// Collects the log lines of a test, and lets a case act on one of them.
-class LogCapture
-{
-public:
-    LogCapture()
-    {
-        lines().clear();
-        previous = qInstallMessageHandler(&LogCapture::take);
-    }
-    ~LogCapture()
-    {
-        qInstallMessageHandler(previous);
-        onLine() = nullptr;
-    }
-    LogCapture(const LogCapture &) = delete;
-    LogCapture &operator=(const LogCapture &) = delete;
-
-    static QStringList &lines()
-    {
-        static QStringList all;
-        return all;
-    }
-    static void (*&onLine())(const QString &)
-    {
-        static void (*handler)(const QString &) = nullptr;
-        return handler;
-    }
-    static int count(const QString &part) { return lines().filter(part).size(); }
-
-private:
-    static void take(QtMsgType, const QMessageLogContext &, const QString &text)
-    {
-        lines().append(text);
-        if (onLine() != nullptr)
-            onLine()(text);
-    }
-
-    QtMessageHandler previous;
-};

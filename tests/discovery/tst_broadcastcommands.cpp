@@ -2,12 +2,15 @@
 #include "devices.h"
 #include "discovery/hlnp.h"
 #include "discovery/hlnpstate.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testnetwork.h"
 #include "tests/support/unithost.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QtTest>
+
+using support::LogCapture;
 
 // The configuration commands in a network of the test's own: the three that are broadcast, and all nine as a
 // unit sees them.
@@ -129,7 +132,7 @@ void TestBroadcastCommands::answered()
         const LogCapture capture;
         QCOMPARE(call(*hlnp, code), QStringLiteral("OK"));
         for (int i = 0; i < log.size(); ++i)
-            QVERIFY2(LogCapture::lines().at(i).startsWith(log.at(i)), qPrintable(LogCapture::lines().at(i)));
+            QVERIFY2(LogCapture::logs().at(i).startsWith(log.at(i)), qPrintable(LogCapture::logs().at(i)));
     }
     value = 0x15;
     QCOMPARE(call(*hlnp, code), QStringLiteral("NACK"));

@@ -1,5 +1,7 @@
 #include "datagrams.h"
 #include "discovery/hlnp.h"
+#include "tests/support/logcapture.h"
+#include "tests/support/loopback.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -7,6 +9,9 @@
 
 #include <functional>
 #include <thread>
+
+using support::LogCapture;
+using support::ownLoopback;
 
 // The commands that go to one address, on loopback: the unit is a socket whose answer waits before the request
 // is sent, and whose request is read afterwards. The three broadcast commands need a network of their own.
@@ -167,7 +172,7 @@ void TestConfiguration::commands()
         answer(*unit, acknowledgement(code, 0x06));
         const LogCapture capture;
         QCOMPARE(command(*hlnp, target, value), QStringLiteral("OK"));
-        QCOMPARE(LogCapture::lines(), log + QStringList{QStringLiteral("ReadDatagram 06: 6")});
+        QCOMPARE(LogCapture::logs(), log + QStringList{QStringLiteral("ReadDatagram 06: 6")});
     }
     QCOMPARE(sent(), request);
 
@@ -175,7 +180,7 @@ void TestConfiguration::commands()
     {
         const LogCapture capture;
         QCOMPARE(command(*hlnp, target, value), QStringLiteral("NACK"));
-        QCOMPARE(LogCapture::lines().last(), QStringLiteral("ReadDatagram 15: 21"));
+        QCOMPARE(LogCapture::logs().last(), QStringLiteral("ReadDatagram 15: 21"));
     }
     QCOMPARE(sent(), request);
     QVERIFY(clock.elapsed() < 2000);
@@ -218,7 +223,7 @@ void TestConfiguration::badTextsSendNothing()
     QTest::qWait(50);
     QVERIFY(!unit->hasPendingDatagrams());
     if (!log.isEmpty())
-        QVERIFY(LogCapture::lines().last().startsWith(log));
+        QVERIFY(LogCapture::logs().last().startsWith(log));
 }
 
 void TestConfiguration::hostNames_data()
@@ -361,7 +366,7 @@ void TestConfiguration::silence(const Command &command, const QString &value, qi
     QVERIFY2(elapsed < lowest + 1000, qPrintable(QString::number(elapsed)));
     QVERIFY(!sent().isEmpty());
     QVERIFY(sent().isEmpty()); // asked once
-    const QStringList tries = LogCapture::lines().filter(QStringLiteral(":While get datagram."));
+    const QStringList tries = LogCapture::logs().filter(QStringLiteral(":While get datagram."));
     QCOMPARE(tries.size(), 11);
     QVERIFY(tries.first().endsWith(QStringLiteral(" 0")));
     QVERIFY(tries.last().endsWith(QStringLiteral(" 10")));
@@ -438,16 +443,14 @@ void TestConfiguration::theFormIsKeptForTheLog()
     QCOMPARE(fill(0, ownLoopback(3)), 1); // a bound socket stays where it is
     QCOMPARE(socket->localAddress(), QHostAddress(ownLoopback(2)));
     QCOMPARE(LogCapture::count(QStringLiteral("Bind to Socket:")), 1);
-    QVERIFY(
-        LogCapture::lines().filter(QStringLiteral("[initHLNPConfig] 1:")).last().contains(ownLoopback(2)));
-    QVERIFY(
-        LogCapture::lines().filter(QStringLiteral("[initHLNPConfig] 2:")).last().contains(ownLoopback(3)));
+    QVERIFY(LogCapture::logs().filter(QStringLiteral("[initHLNPConfig] 1:")).last().contains(ownLoopback(2)));
+    QVERIFY(LogCapture::logs().filter(QStringLiteral("[initHLNPConfig] 2:")).last().contains(ownLoopback(3)));
 
     HLNP failing;
     QCOMPARE(failing.initHLNPConfig(0, QString(), QStringLiteral("192.0.2.1"), QString(), QString(),
                                     QString(), QString(), QString(), QString()),
              1);
-    QVERIFY(LogCapture::lines().last().contains(QStringLiteral("Failed")));
+    QVERIFY(LogCapture::logs().last().contains(QStringLiteral("Failed")));
 }
 
 QTEST_GUILESS_MAIN(TestConfiguration)

@@ -1,10 +1,15 @@
 #include "datagrams.h"
 #include "discovery/hlnp.h"
 #include "discovery/hlnpstate.h"
+#include "tests/support/logcapture.h"
+#include "tests/support/loopback.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QtTest>
+
+using support::LogCapture;
+using support::ownLoopback;
 
 // The datagrams of the devices arrive on loopback: the socket of discovery is bound there by the test, and each
 // device is a socket on port 5002 of an address of its own.
@@ -229,7 +234,7 @@ void TestDatagrams::aRefusalIsLoggedByItsLabel()
         send(acknowledgement(it.key(), 0x15, "0000")); // no row has an address: everyone is heard
     const LogCapture log;
     collect();
-    const QStringList lines = LogCapture::lines().filter(QStringLiteral(" NACK."));
+    const QStringList lines = LogCapture::logs().filter(QStringLiteral(" NACK."));
     QCOMPARE(lines.size(), labels.size());
     int line = 0;
     for (const QString &label : labels) {
@@ -399,7 +404,7 @@ void TestDatagrams::foreignPortsAreAcceptedSixHundredAndSixtySixTimes()
     collect();
     QCOMPARE(hlnp->deviceCount, 2);
     QVERIFY(network(2).macadd != QStringLiteral("02:5C:A7:10:00:03"));
-    QCOMPARE(LogCapture::lines().filter(QStringLiteral("Sender port is not 5002. ReturnCount : 667")).size(),
+    QCOMPARE(LogCapture::logs().filter(QStringLiteral("Sender port is not 5002. ReturnCount : 667")).size(),
              1);
 
     send(numberedRecord(3, QStringLiteral("10.0.0.3")).datagram()); // from the right port: taken, and
@@ -435,6 +440,13 @@ void TestDatagrams::clearRestartsTheRowsAndKeepsTheTables()
     send(numberedRecord(1, QStringLiteral("10.0.0.1")).datagram());
     send(numberedRecord(2, QStringLiteral("10.0.0.2")).datagram());
     hlnp->processDatagrams();
+    for (int row : {0, 1}) {
+        network(row).vid = QStringLiteral("0588");
+        network(row).pid = QStringLiteral("1501");
+    }
+    emit hlnp->zcmScanDone();
+    const QStringList listed = {QStringLiteral("10.0.0.1"), QStringLiteral("10.0.0.2")};
+    QCOMPARE(hlnp->qkvDeviceList(), listed);
     QSignalSpy number(hlnp, &HLNP::scanHlnpNumberSignal);
     hlnp->netcardlist = QStringList{QStringLiteral("[10.9.9.9] none")};
     const quint16 port = socket->localPort();
@@ -446,8 +458,21 @@ void TestDatagrams::clearRestartsTheRowsAndKeepsTheTables()
     QCOMPARE(hlnp->scanDone, false);
     QCOMPARE(hlnp->netcardlist.size(), 1);
     QCOMPARE(hlnp->deviceCount, 2);
-    QCOMPARE(network(1).ipadd, QStringLiteral("10.0.0.2"));
+    // Both tables keep the last scan, whole rows of it.
+    QCOMPARE(hlnp->qkvDeviceList(), listed);
+    for (int row : {0, 1}) {
+        for (const hlnp_device_info &kept : {hlnp->allHlnpDevice[row], hlnp->qkvDevice[row]}) {
+            const hlnp_network_info &record = kept.zcm.hlnpnetwork;
+            QCOMPARE(record.ipadd, listed.at(row));
+            QCOMPARE(record.macadd, QStringLiteral("02:5C:A7:10:00:0%1").arg(row + 1));
+            QCOMPARE(record.name, QStringLiteral("QKV720"));
+            QCOMPARE(record.maskadd + record.gatewayadd, QStringLiteral("255.255.255.0192.168.72.254"));
+            QCOMPARE(record.vid + record.pid, QStringLiteral("05881501"));
+            QCOMPARE(int(kept.series), row + 1);
+        }
+    }
 
+    // And yet the next record goes to the first row.
     send(numberedRecord(3, QStringLiteral("10.0.0.3")).datagram());
     hlnp->processDatagrams();
     QCOMPARE(network(0).ipadd, QStringLiteral("10.0.0.3"));

@@ -2,11 +2,13 @@
 #include "discovery/hlnp.h"
 #include "discovery/hlnpstate.h"
 #include "discovery/hlnpwire.h"
+#include "tests/support/logcapture.h"
 
-#include <QNetworkInterface>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QtTest>
+
+using support::LogCapture;
 
 class TestDeviceTable : public QObject
 {
@@ -17,8 +19,6 @@ private slots:
     void cleanup();
 
     void aNewObject();
-    void adaptersOfThisHost();
-    void adaptersAreListedOnceMoreByEachCall();
     void theModelPropertyStoresNothing();
     void unitsAreSortedByTheNumberOfTheirLastOctet();
     void aUnitIsKnownByItsIdentifiersAlone();
@@ -34,6 +34,7 @@ private slots:
     void switcherModelByMac();
     void seriesCompareLogsBothNumbers();
     void dormantSlots();
+    void dormantTimersDriveTheirSlots();
 
 private:
     void fill(int row, const QString &ip, const QString &vid = QStringLiteral("0588"),
@@ -92,46 +93,6 @@ void TestDeviceTable::aNewObject()
         QVERIFY(row.zcm.hlnpnetwork.ipadd.isEmpty() && row.series == 0 && row.type == 0);
 }
 
-void TestDeviceTable::adaptersOfThisHost()
-{
-    QStringList expected;
-    for (const QNetworkInterface &iface : QNetworkInterface::allInterfaces()) {
-        if (iface.flags().testFlag(QNetworkInterface::IsLoopBack)
-            || !iface.flags().testFlag(QNetworkInterface::IsRunning))
-            continue;
-        for (const QNetworkAddressEntry &entry : iface.addressEntries()) {
-            const QString text = entry.ip().toString();
-            if (entry.ip().protocol() == QAbstractSocket::IPv4Protocol
-                && !text.startsWith(QLatin1String("169.")) && !text.startsWith(QLatin1String("127.")))
-                expected.append(QStringLiteral("[") + text + QStringLiteral("] ")
-                                + iface.humanReadableName());
-        }
-    }
-    QSignalSpy cleared(hlnp, &HLNP::clearComboNetcard);
-    QSignalSpy told(hlnp, &HLNP::setComboNetcard);
-    QVERIFY(hlnp->hLNPpreScanProcess());
-    QCOMPARE(hlnp->netcardModels(), expected);
-    QCOMPARE(hlnp->property("netcardModels").toStringList(), expected);
-    QCOMPARE(netCount, expected.size());
-    QCOMPARE(cleared.size(), 1);
-    QCOMPARE(cleared.first().first().toString(), QStringLiteral("clear"));
-    QCOMPARE(told.size(), expected.size());
-    for (int i = 0; i < expected.size(); ++i)
-        QCOMPARE(told.at(i).first().toString(), expected.at(i));
-}
-
-void TestDeviceTable::adaptersAreListedOnceMoreByEachCall()
-{
-    hlnp->hLNPpreScanProcess();
-    const QStringList once = hlnp->netcardlist;
-    const QStringList addresses = hlnp->netcardIP;
-    hlnp->hLNPpreScanProcess();
-    QCOMPARE(hlnp->netcardlist, once + once);
-    QCOMPARE(hlnp->netcardIP, addresses);
-    QCOMPARE(hlnp->netcardName.size(), addresses.size());
-    QCOMPARE(netCount, addresses.size());
-}
-
 void TestDeviceTable::theModelPropertyStoresNothing()
 {
     hlnp->netcardlist = QStringList{QStringLiteral("[10.0.0.1] eth0")};
@@ -140,7 +101,7 @@ void TestDeviceTable::theModelPropertyStoresNothing()
     QVERIFY(hlnp->setProperty("netcardModels", QStringList{QStringLiteral("a"), QStringLiteral("b")}));
     QCOMPARE(changed.size(), 1);
     QCOMPARE(hlnp->netcardModels(), QStringList{QStringLiteral("[10.0.0.1] eth0")});
-    QCOMPARE(LogCapture::lines(), QStringList{QStringLiteral("setnetcardModels:  2")});
+    QCOMPARE(LogCapture::logs(), QStringList{QStringLiteral("setnetcardModels:  2")});
 }
 
 void TestDeviceTable::unitsAreSortedByTheNumberOfTheirLastOctet()
@@ -302,7 +263,7 @@ void TestDeviceTable::helpersByName()
     QTEST(findCamera(name, mac), "isCamera");
     QTEST(findQKV(name, mac), "isQkv");
     QFETCH(bool, isTmx500);
-    const QStringList answers = LogCapture::lines().filter(QStringLiteral("Is it TMX500:"));
+    const QStringList answers = LogCapture::logs().filter(QStringLiteral("Is it TMX500:"));
     QCOMPARE(answers.size(), 1);
     QVERIFY(answers.first().endsWith(isTmx500 ? QStringLiteral("YES") : QStringLiteral("NO")));
     QCOMPARE(LogCapture::count(QStringLiteral("Is it PTZ:")),
@@ -340,7 +301,7 @@ void TestDeviceTable::seriesCompareLogsBothNumbers()
     QVERIFY(seriesCompare(low, high));
     QVERIFY(!seriesCompare(high, low));
     QVERIFY(!seriesCompare(low, low));
-    QCOMPARE(LogCapture::lines().first(), QStringLiteral("IP Compare: \"7\" \"200\" true"));
+    QCOMPARE(LogCapture::logs().first(), QStringLiteral("IP Compare: \"7\" \"200\" true"));
 }
 
 void TestDeviceTable::dormantSlots()
@@ -381,6 +342,45 @@ void TestDeviceTable::dormantSlots()
     QCOMPARE(LogCapture::count(QStringLiteral("ABOUT TO QUIT!!  Do shutdown()")), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("Application State Changed to: ")), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("Application State Resume ")), 1);
+}
+
+// Nobody starts them; each is started here in turn, and what it did is told by its traces.
+void TestDeviceTable::dormantTimersDriveTheirSlots()
+{
+    QVector<QTimer *> ofModel;
+    QVector<QTimer *> ofNames;
+    for (QTimer *timer : hlnp->findChildren<QTimer *>())
+        (timer->interval() == 3000 ? ofModel : ofNames).append(timer);
+    QCOMPARE(ofModel.size(), 1);
+    QCOMPARE(ofNames.size(), 2);
+    fill(0, QStringLiteral("10.0.0.1")); // its MAC is empty, so nobody is asked
+    QSignalSpy done(hlnp, &HLNP::zcmScanDone);
+    const LogCapture log;
+    const auto fire = [&done](QTimer *timer) {
+        LogCapture::logs().clear();
+        done.clear();
+        QSignalSpy fired(timer, &QTimer::timeout);
+        timer->start(0);
+        QTRY_COMPARE(fired.size(), 1);
+    };
+
+    fire(ofModel.first());
+    QCOMPARE(done.size(), 1);
+    QCOMPARE(LogCapture::count(QStringLiteral("Get Model Name")), 0);
+    QCOMPARE(LogCapture::count(QStringLiteral("GetDeviceModelVersin")), 0);
+    QVERIFY(!ofNames.at(0)->isActive() && !ofNames.at(1)->isActive());
+
+    fire(ofNames.at(0));
+    QCOMPARE(done.size(), 0);
+    QCOMPARE(LogCapture::count(QStringLiteral("GetDeviceModelVersin")), 0);
+    QVERIFY(LogCapture::count(QStringLiteral("processDatagrams Begin")) > 0); // asks, then starts the next
+    QVERIFY(ofNames.at(1)->isActive());
+
+    fire(ofNames.at(1));
+    QCOMPARE(done.size(), 1);
+    QCOMPARE(LogCapture::count(QStringLiteral("GetDeviceModelVersin Done... ")), 1);
+    QCOMPARE(LogCapture::count(QStringLiteral("processDatagrams Begin")), 0);
+    QVERIFY(!ofNames.at(0)->isActive());
 }
 
 QTEST_GUILESS_MAIN(TestDeviceTable)
