@@ -84,6 +84,15 @@ void readCommands(standin::Console &console, QSocketNotifier &input)
 
 int run(const standin::Options &options)
 {
+    // Before anything is made that an end has to take away again.
+    if (::pipe(signalPipe.data()) != 0)
+        return failed(QStringLiteral("the system has no pipe left for its signals"));
+    QSocketNotifier signalled(signalPipe[0], QSocketNotifier::Read);
+    QObject::connect(&signalled, &QSocketNotifier::activated, &QCoreApplication::quit);
+    std::signal(SIGINT, onSignal);
+    std::signal(SIGTERM, onSignal);
+    std::signal(SIGPIPE, SIG_IGN);
+
     Appliances units;
     const QString error = start(options, units);
     if (!error.isEmpty())
@@ -95,14 +104,6 @@ int run(const standin::Options &options)
     standin::Console console(served);
     QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
     QObject::connect(&input, &QSocketNotifier::activated, [&] { readCommands(console, input); });
-
-    if (::pipe(signalPipe.data()) != 0)
-        return failed(QStringLiteral("the system has no pipe left for its signals"));
-    QSocketNotifier signalled(signalPipe[0], QSocketNotifier::Read);
-    QObject::connect(&signalled, &QSocketNotifier::activated, &QCoreApplication::quit);
-    std::signal(SIGINT, onSignal);
-    std::signal(SIGTERM, onSignal);
-    std::signal(SIGPIPE, SIG_IGN);
 
     int result = QCoreApplication::exec();
     for (const auto &unit : units) {
