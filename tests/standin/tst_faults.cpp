@@ -7,6 +7,10 @@
 #include <QElapsedTimer>
 #include <QtTest>
 
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
 using standin::Fault;
 using support::RawNetwork;
 using support::RawSerial;
@@ -26,6 +30,8 @@ private slots:
     void wrongChecksum();
     void refused();
     void closedLink();
+    void nothingBehindAClosedLink();
+    void clientThatNeverReads();
     void answerOfOnesOwn();
     void onlyTheFirstTimes();
     void anyCode();
@@ -142,6 +148,40 @@ void TestFaults::closedLink()
     QVERIFY(link.waitForEnd());
     RawNetwork again(host.address());
     QCOMPARE(hex(again.exchange(requestBody(kAngle))), QLatin1String(kAngleReply));
+}
+
+void TestFaults::nothingBehindAClosedLink()
+{
+    UnitHost host;
+    RawNetwork link(host.address());
+    host.setFault(kAngle, Fault::closeLink(1));
+    const QByteArray set = requestBody(0xD1, QByteArray("\x01\x02", 2));
+    link.send(QByteArray::fromHex("0006") + requestBody(kAngle) + QByteArray::fromHex("0008") + set);
+    QVERIFY(link.waitForEnd());
+    QCOMPARE(host.codes(), QVector<int>({kAngle})); // the second frame reached nobody
+    RawNetwork again(host.address());
+    QCOMPARE(hex(again.exchange(requestBody(kAngle))), QLatin1String(kAngleReply));
+}
+
+void TestFaults::clientThatNeverReads()
+{
+    UnitHost host;
+    host.setFault(kAngle, Fault::answer(QByteArray(4096, 'x')));
+    const int client = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in to{};
+    to.sin_family = AF_INET;
+    to.sin_port = htons(5002);
+    to.sin_addr.s_addr = htonl(QHostAddress(host.address()).toIPv4Address());
+    QCOMPARE(::connect(client, reinterpret_cast<const sockaddr *>(&to), sizeof to), 0);
+    const QByteArray request = QByteArray::fromHex("0006") + requestBody(kAngle);
+    QElapsedTimer clock;
+    clock.start();
+    bool isCutOff = false;
+    while (!isCutOff && clock.elapsed() < 20000)
+        isCutOff = ::send(client, request.constData(), static_cast<size_t>(request.size()), MSG_NOSIGNAL) < 0;
+    ::close(client);
+    QVERIFY(isCutOff);
+    QTRY_COMPARE(host.clientCount(), 0);
 }
 
 void TestFaults::answerOfOnesOwn()

@@ -33,6 +33,7 @@ private slots:
     void resetsTellWhatTheyRestored_data();
     void resetsTellWhatTheyRestored();
     void refusalsAreTold();
+    void closeIsSilenceInDiscovery();
 };
 
 namespace {
@@ -312,6 +313,18 @@ void TestKeying::refusalsAreTold()
     unit.setFault(standin::discoveryCode(0), standin::Fault::refuse());
     link.answer(bytes("000b8000") + "ETH_REQ");
     QVERIFY(unit.record().last().describe().endsWith(QStringLiteral("(refused 15)")));
+}
+
+void TestKeying::closeIsSilenceInDiscovery()
+{
+    Unit unit;
+    standin::DiscoveryLink link(unit);
+    unit.setFault(standin::discoveryCode(standin::SetNetmask), standin::Fault::closeLink(1));
+    const QByteArray mask = bytes("0013810b") + "SET_NETMASK" + bytes("ffff0000");
+    QVERIFY(link.answer(mask).bytes().isEmpty());
+    QCOMPARE(link.settings.mask.toString(), QStringLiteral("255.255.255.0")); // nothing was carried out
+    QCOMPARE(link.answer(mask).bytes().toHex(), QByteArray("0005810b06"));
+    QCOMPARE(link.settings.mask.toString(), QStringLiteral("255.255.0.0"));
 }
 
 QTEST_GUILESS_MAIN(TestKeying)
