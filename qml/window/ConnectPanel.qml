@@ -114,7 +114,7 @@ PopupFrame {
             msgConnect.text = qsTranslate("main", "Network interface is empty.") + qmlTranslator.e_str
         } else {
             var result = mainObject.hlnpSave(adapterAddress, comboConnectComPort.currentText,
-                                             comboIPSelect.currentIndex, txtMacaddr.text, txtHostname.text,
+                                             comboIPSelect.currentIndex, txtMacaddr.text, txtHostname.name,
                                              comboAddrmode.currentIndex, txtIPAddr.text, txtNetmask.text,
                                              txtGateway.text, txtPrimdns.text, txtSecdns.text)
             console.log("Not doing reboot!")

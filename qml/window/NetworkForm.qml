@@ -16,7 +16,7 @@ Item {
     property alias txtSecdns: rowSecdns.field
 
     function write(hostname, macaddr, ipaddr, gateway, mask, primDns, secDns) {
-        txtHostname.text = hostname
+        txtHostname.show(hostname)
         txtMacaddr.text = macaddr
         txtIPAddr.text = ipaddr
         txtGateway.text = gateway
@@ -63,11 +63,9 @@ Item {
         y: 225
         title: qsTranslate("main", "Host Name") + qmlTranslator.e_str
 
-        NetworkField {
+        HostNameField {
             id: txtHostname
-            maximumLength: 15
             readOnly: !didScan
-            validator: RegExpValidator { regExp: /[0-9A-Za-z_ ]{1,15}/ }
             onTextEdited: hlnpNetHostnameChned = true
         }
     }
