@@ -71,7 +71,8 @@ ComboBox {
         id: contentText
         leftPadding: 6
         rightPadding: thiscombo.indicator.width + thiscombo.spacing
-        topPadding: 2
+        topPadding: Look.textTop
+        bottomPadding: Look.textBottom
         text: thiscombo.displayText
         color: thiscombo.enabled ? Look.normal : "#7C828B"
         elide: Text.ElideRight
