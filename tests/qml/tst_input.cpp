@@ -30,6 +30,11 @@ private slots:
     void slowUnitIsNeverMoreThanOneCommandBehind();
     void buttonsStepByOne();
     void typedNumberMovesTheSlider();
+    void groupSignsShowTheirNumber_data();
+    void groupSignsShowTheirNumber();
+    void foldTakesItsTime();
+    void sourceListHoldsBothSources();
+    void nothingMovesWithTheLanguage();
     void numberOutOfRangeIsNotAccepted();
     void foldHidesTheOffsets();
     void refreshWhileFoldedWritesTheSliders();
@@ -55,6 +60,7 @@ void TestInput::cleanup()
 {
     QCOMPARE(Messages::warnings(), QStringList());
     h.reset();
+    QLocale::setDefault(QLocale::c());
 }
 
 void TestInput::firstRefresh()
@@ -143,6 +149,14 @@ void TestInput::genlockStatusFollowsTheUnitAndTheLanguage()
     QCOMPARE(h->text("txtGenlockStatus.text"), QStringLiteral("Unlocked"));
     emit h->facade.refreshInputResolution(3, 3, 3, 3, -1);
     QCOMPARE(h->text("txtGenlockStatus.text"), QStringLiteral("Locked"));
+    h->translator.setTranslation("zh_TW");
+    QCOMPARE(h->text("txtGenlockStatus.text"), QStringLiteral("鎖定"));
+    h->translator.setTranslation("zh_CN");
+    QCOMPARE(h->text("txtGenlockStatus.text"), QStringLiteral("锁定"));
+    emit h->facade.refreshInputResolution(3, 3, 3, 3, 0);
+    QCOMPARE(h->text("txtGenlockStatus.text"), QStringLiteral("未锁定"));
+    h->translator.setTranslation("en_US");
+    QCOMPARE(h->text("txtGenlockStatus.text"), QStringLiteral("Unlocked"));
 }
 
 void TestInput::firstTwoSourceChangesAreSwallowed()
@@ -382,6 +396,70 @@ void TestInput::typedNumberMovesTheSlider()
                  QStringList{"setVInSource(0, 0, 0, false, false, false, true, -5500, 20)"});
     h->typeInto("verticalOffset.itemText", "500");
     QCOMPARE(h->number("verticalOffset.sliderValue"), 500);
+}
+
+// The validator reads a number by the language of the machine, and takes its group signs.
+void TestInput::groupSignsShowTheirNumber_data()
+{
+    QTest::addColumn<QString>("locale");
+    for (const char *locale : {"C", "en_US", "zh_TW", "zh_CN"})
+        QTest::newRow(locale) << locale;
+}
+
+void TestInput::groupSignsShowTheirNumber()
+{
+    QFETCH(QString, locale);
+    QLocale::setDefault(QLocale(locale));
+    h.reset();
+    init();
+    firstRefresh();
+    h->typeInto("horizontalOffset.itemText", "1,000");
+    QCOMPARE(h->number("horizontalOffset.sliderValue"), 1000);
+    h->typeInto("horizontalOffset.itemText", "-5,500");
+    QCOMPARE(h->number("horizontalOffset.sliderValue"), -5500);
+    QTRY_COMPARE(h->facade.callsOf("setVInSource").value(0),
+                 QStringLiteral("setVInSource(0, 0, 0, false, false, false, true, -5500, 20)"));
+}
+
+void TestInput::foldTakesItsTime()
+{
+    for (const int end : {74, 225}) {
+        QElapsedTimer clock;
+        clock.start();
+        h->click("btnGenlockFolder");
+        QTRY_COMPARE_WITH_TIMEOUT(h->number("pageInput_ContentGenlock.height"), end, 1000);
+        QVERIFY2(clock.elapsed() >= 170, qPrintable(QString::number(clock.elapsed())));
+        QVERIFY2(clock.elapsed() < 700, qPrintable(QString::number(clock.elapsed())));
+    }
+}
+
+void TestInput::sourceListHoldsBothSources()
+{
+    firstSource();
+    QCOMPARE(h->number("comboFGSource.count"), 2);
+    for (const int row : {0, 1}) {
+        h->facade.forget();
+        h->choose("comboFGSource", row);
+        QCOMPARE(h->text("comboFGSource.currentText"),
+                 row == 0 ? QStringLiteral("SDI") : QStringLiteral("HDMI"));
+        QCOMPARE(h->facade.callsOf("setVInSource").size(), 1);
+        QVERIFY(h->facade.calls.value(0).startsWith(QStringLiteral("setVInSource(%1, 0, 0,").arg(row)));
+    }
+}
+
+void TestInput::nothingMovesWithTheLanguage()
+{
+    const QStringList parts{"comboFGSource",          "txtFGRes",        "imgFGFreeze",
+                            "imgAUXFreeze",           "txtSyncRes",      "btnGenlockSwitch",
+                            "txtGenlockStatus",       "btnGenlockReset", "horizontalOffset.itemSlider",
+                            "verticalOffset.itemText"};
+    const QVector<QPoint> places{{436, 253}, {686, 252}, {886, 254},  {886, 402}, {686, 474},
+                                 {514, 550}, {686, 548}, {1216, 547}, {454, 636}, {962, 693}};
+    for (const char *language : {"en_US", "zh_TW", "zh_CN"}) {
+        h->translator.setTranslation(language);
+        for (int i = 0; i < parts.size(); ++i)
+            QCOMPARE(h->at(h->item(parts.at(i)), 0, 0), places.at(i));
+    }
 }
 
 void TestInput::numberOutOfRangeIsNotAccepted()

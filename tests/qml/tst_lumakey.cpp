@@ -390,15 +390,15 @@ void TestLumakey::dragEndsOnTheLastValue()
 void TestLumakey::nothingMovesWithTheLanguage()
 {
     QVERIFY(!h->grab(h->window->contentItem(), "lumakey-start").isNull());
-    QCOMPARE(h->at(h->item("btnAuxLumakeyKeymodeBlackImage"), 0, 0), QPoint(504, 256));
-    QCOMPARE(h->at(h->item("txtAuxLumakeyKeymodeBlack"), 0, 0).x(), 540);
-    QCOMPARE(h->at(h->item("btnAuxLumakeyKeymodeWhiteImage"), 0, 0), QPoint(730, 256));
-    QCOMPARE(h->at(h->item("btnAuxLumakeyLayerSwitch"), 0, 0), QPoint(504, 550));
-    QCOMPARE(h->at(h->item("auxLumakeyLayerMessage"), 0, 0).x(), 592);
     for (const char *language : {"en_US", "zh_TW", "zh_CN"}) {
         h->translator.setTranslation(language);
         emit h->facade.refreshLumaKey(true, 0, 180, 320, 1, 8, 1000);
         QVERIFY(!h->grab(h->window->contentItem(), QStringLiteral("lumakey-") + language).isNull());
+        QCOMPARE(h->at(h->item("btnAuxLumakeyKeymodeBlackImage"), 0, 0), QPoint(504, 256));
+        QCOMPARE(h->at(h->item("txtAuxLumakeyKeymodeBlack"), 0, 0).x(), 540);
+        QCOMPARE(h->at(h->item("btnAuxLumakeyKeymodeWhiteImage"), 0, 0), QPoint(730, 256));
+        QCOMPARE(h->at(h->item("btnAuxLumakeyLayerSwitch"), 0, 0), QPoint(504, 550));
+        QCOMPARE(h->at(h->item("auxLumakeyLayerMessage"), 0, 0).x(), 592);
     }
     emit h->facade.refreshLumaKey(false, 0, 180, 320, 1, 8, 1000);
     QVERIFY(!h->grab(h->window->contentItem(), "lumakey-off").isNull());

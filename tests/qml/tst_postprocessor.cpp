@@ -19,6 +19,11 @@ private slots:
     void typedNumberGoesTheDirectWay_data();
     void typedNumberGoesTheDirectWay();
     void negativeHueTravels();
+    void groupSignsShowTheirNumber_data();
+    void groupSignsShowTheirNumber();
+    void foldTakesItsTime();
+    void scrollContentStandsInItsPlace();
+    void nothingMovesWithTheLanguage();
     void switchTurnsTheSectionOffAndOn_data();
     void switchTurnsTheSectionOffAndOn();
     void resetAnswersAlsoWhileOff_data();
@@ -51,6 +56,7 @@ void TestPostProcessor::cleanup()
 {
     QCOMPARE(Messages::warnings(), QStringList());
     h.reset();
+    QLocale::setDefault(QLocale::c());
 }
 
 namespace {
@@ -239,6 +245,71 @@ void TestPostProcessor::typedNumberGoesTheDirectWay()
     // The slider follows only through the refresh.
     QCOMPARE(h->number(id + ".sliderValue"), before);
     QCOMPARE(Messages::logs().contains("onBlurTExtFieldChanged"), id == QLatin1String("ppbgBlurValue"));
+}
+
+// The validator reads a number by the language of the machine, and takes its group signs.
+void TestPostProcessor::groupSignsShowTheirNumber_data()
+{
+    QTest::addColumn<QString>("locale");
+    for (const char *locale : {"C", "en_US", "zh_TW", "zh_CN"})
+        QTest::newRow(locale) << locale;
+}
+
+void TestPostProcessor::groupSignsShowTheirNumber()
+{
+    QFETCH(QString, locale);
+    QLocale::setDefault(QLocale(locale));
+    h.reset();
+    init();
+    h->typeInto("ppfgSaturation.itemText", "1,000");
+    QCOMPARE(h->text("ppfgSaturation.textValue"), QStringLiteral("1,000"));
+    QCOMPARE(h->facade.calls.value(0), QStringLiteral("setPPFGPostAmp(true, 500, 500, 1000, 0)"));
+}
+
+void TestPostProcessor::foldTakesItsTime()
+{
+    // The fold and nothing else moves the height, so the way down and the way up take the same 200 ms.
+    for (const int end : {74, 370}) {
+        QElapsedTimer clock;
+        clock.start();
+        h->click("pagePP_ContentHeader01.foldButton");
+        QTRY_COMPARE_WITH_TIMEOUT(h->number("pagePP_ContentArea01.height"), end, 1000);
+        QVERIFY2(clock.elapsed() >= 170, qPrintable(QString::number(clock.elapsed())));
+        QVERIFY2(clock.elapsed() < 700, qPrintable(QString::number(clock.elapsed())));
+    }
+}
+
+void TestPostProcessor::scrollContentStandsInItsPlace()
+{
+    QCOMPARE(h->number("scrollContent.x"), 30);
+    QCOMPARE(h->number("scrollContent.y"), 10);
+    QCOMPARE(h->number("scrollContent.width"), 1160);
+    QCOMPARE(h->number("scrollContent.height"), 610);
+    QVERIFY(h->flag("scrollContent.clip"));
+    QCOMPARE(h->number("scrollContent.contentWidth"), 1110);
+    QCOMPARE(h->number("scrollContent.contentHeight"), 370 + 20 + 518 + 20 + 370);
+    // The bar stands beside the sections and is there also when nothing is left to scroll.
+    const QString bar = QStringLiteral("scrollContent.ScrollBar.vertical");
+    QCOMPARE(h->number(bar + ".x"), 1124);
+    QCOMPARE(h->number(bar + ".height"), 610);
+    QVERIFY(h->flag(bar + ".policy === ScrollBar.AlwaysOn"));
+    QVERIFY(h->flag("scrollContent.ScrollBar.horizontal.policy === ScrollBar.AlwaysOff"));
+}
+
+void TestPostProcessor::nothingMovesWithTheLanguage()
+{
+    const QStringList parts{"pagePP_ContentHeader01.foldButton",  "pagePP_ContentHeader01.switchButton",
+                            "pagePP_ContentHeader01.resetButton", "ppfgHue.itemSlider",
+                            "ppfgHue.itemButtonDecrease",         "ppfgHue.itemText",
+                            "ppfgBrightness.itemButtonIncrease",  "pagePP_ContentHeader02.switchButton",
+                            "pagePP_ContentHeader03.resetButton", "ppbgBlurTime.itemText"};
+    const QVector<QPoint> places{{218, 180}, {504, 180}, {1206, 177}, {444, 266},   {830, 249},
+                                 {952, 249}, {872, 471}, {504, 570},  {1206, 1105}, {952, 1251}};
+    for (const char *language : {"en_US", "zh_TW", "zh_CN"}) {
+        h->translator.setTranslation(language);
+        for (int i = 0; i < parts.size(); ++i)
+            QCOMPARE(h->at(h->item(parts.at(i)), 0, 0), places.at(i));
+    }
 }
 
 void TestPostProcessor::negativeHueTravels()
