@@ -128,13 +128,27 @@ constexpr UnitField edgeFixRows[] = {
     field<&qkv720::edge_SoftEdge>("soft", 3, FieldKind::Byte, kHundred),
 };
 
+// Hue leaves with its sign, as two's complement, and comes back into a field without one: -10 stands there as
+// 65526. Whoever reads it through its row gets -10 again.
+qint64 readHue(const qkv720 &unit)
+{
+    return static_cast<qint16>(unit.ppPostAmp.hue);
+}
+
+constexpr UnitField hueRow()
+{
+    UnitField row = field<&qkv720::ppPostAmp, &qkv720_ppfgpostamp::hue>("hue", 7, FieldKind::Word,
+                                                                        {-180, 180, "degrees"});
+    row.read = readHue;
+    return row;
+}
+
 constexpr UnitField postAmplifierRows[] = {
     flag<&qkv720::ppPostAmp, &qkv720_ppfgpostamp::enable>("enable", 0, FieldKind::FlagIsOne),
     field<&qkv720::ppPostAmp, &qkv720_ppfgpostamp::bright>("bright", 1, FieldKind::Word, kThousand),
     field<&qkv720::ppPostAmp, &qkv720_ppfgpostamp::contrast>("contrast", 3, FieldKind::Word, kThousand),
     field<&qkv720::ppPostAmp, &qkv720_ppfgpostamp::sat>("saturation", 5, FieldKind::Word, kThousand),
-    // Sent with its sign as two's complement and read without it: -10 comes back as 65526.
-    field<&qkv720::ppPostAmp, &qkv720_ppfgpostamp::hue>("hue", 7, FieldKind::Word, {-180, 180, "degrees"}),
+    hueRow(),
 };
 
 constexpr UnitField rgbCorrectorRows[] = {
@@ -243,8 +257,8 @@ constexpr UnitField outputRoutingRows[] = {
 
 namespace functions {
 
-// Name, code, bytes of data, zeros of its reset and rows; then how to read, set and reset it. Where a reset has other
-// zeros than its set has bytes, hardware depends on it: see docs/oddities.md.
+// Name, code, bytes of data, zeros of its reset and rows; then how to read, set and reset it. Where a reset
+// has other zeros than its set has bytes, hardware depends on it: see docs/oddities.md.
 // clang-format off
 constexpr UnitFunction backColour = {"BACK_COLOUR", QKV720_GET_CK_BACKCOLOR_AUTOCK, 7, 7, backColourRows,
     call<&qkv720::getBackColor>, sendBackColour, call<&qkv720::resetBackColor>};
@@ -256,7 +270,8 @@ constexpr UnitFunction levels = {"LEVELS", QKV720_GET_CK_BLACKLWHITELEVEL, 5, 4,
 constexpr UnitFunction dark = {"DARK", QKV720_GET_DARK, 6, 6, darkRows,
     readDark, sendStage<&qkv720::setCKDark, &qkv720::ckDark>, call<&qkv720::resetCKDark>};
 constexpr UnitFunction bright = {"BRIGHT", QKV720_GET_BRIGHT, 6, 6, brightRows,
-    call<&qkv720::getCKBright>, sendStage<&qkv720::setCKBright, &qkv720::ckBright>, call<&qkv720::resetCKBright>};
+    call<&qkv720::getCKBright>, sendStage<&qkv720::setCKBright, &qkv720::ckBright>,
+    call<&qkv720::resetCKBright>};
 constexpr UnitFunction shadow = {"SHADOW", QKV720_GET_SHADOW, 3, 3, shadowRows,
     call<&qkv720::getCKShadow>, sendShadow, call<&qkv720::resetCKShadow>};
 // Its reset ends in the preset that is to be restored.
@@ -269,7 +284,8 @@ constexpr UnitFunction postAmplifier = {"POST_AMPLIFIER", QKV720_GET_FG_POSTAMP,
 constexpr UnitFunction rgbCorrector = {"RGB_CORRECTOR", QKV720_GET_FG_RGB_CORRECTOR, 13, 13, rgbCorrectorRows,
     call<&qkv720::getPPFGRGBCorrect>, sendRgbCorrector, call<&qkv720::resetPPFGRGBCorrect>};
 constexpr UnitFunction garbageMask = {"GARBAGE_MASK", QKV720_GET_WINDOW, 11, 11, garbageMaskRows,
-    call<&qkv720::getWindow>, sendWindow<&qkv720::setWindow, &qkv720::garbageMaskWindow>, call<&qkv720::resetWindow>};
+    call<&qkv720::getWindow>, sendWindow<&qkv720::setWindow, &qkv720::garbageMaskWindow>,
+    call<&qkv720::resetWindow>};
 // Its reset is one zero short: the frame is that of the aux mode's. The reply has all three.
 constexpr UnitFunction backgroundBlur = {"BACKGROUND_BLUR", QKV720_GET_BG_BLUR, 3, 2, backgroundBlurRows,
     call<&qkv720::getBGBlur>, sendBackgroundBlur, call<&qkv720::resetBGBlur>};
@@ -282,13 +298,17 @@ constexpr UnitFunction lumaKey = {"LUMA_KEY", QKV720_GET_LUMAKEY, 10, 5, lumaKey
 constexpr UnitFunction cursor = {"CURSOR", QKV720_GET_CURSORPOSITION, 11, 0, cursorRows,
     call<&qkv720::getCursor>, nullptr, nullptr};
 constexpr UnitFunction holdoutWindow = {"HOLDOUT_WINDOW", QKV720_GET_HOLDOUTWINDOW, 11, 11, holdoutWindowRows,
-    call<&qkv720::getHoldoutWindow>, sendWindow<&qkv720::setHoldoutWindow, &qkv720::holdoutWindow>, call<&qkv720::resetHoldoutWindow>};
-constexpr UnitFunction outputStandard = {"OUTPUT_STANDARD", QKV720_GET_VIDEOOUT_RESOLUTION, 3, 0, outputStandardRows,
+    call<&qkv720::getHoldoutWindow>, sendWindow<&qkv720::setHoldoutWindow, &qkv720::holdoutWindow>,
+    call<&qkv720::resetHoldoutWindow>};
+constexpr UnitFunction outputStandard = {"OUTPUT_STANDARD", QKV720_GET_VIDEOOUT_RESOLUTION, 3, 0,
+    outputStandardRows,
     call<&qkv720::getVideoOut>, sendOutputStandard, nullptr};
 // Its reset sends no zeros at all; the reply has all nine.
-constexpr UnitFunction inputSelection = {"INPUT_SELECTION", QKV720_GET_FGBGAUX_INPUTSOURCE, 9, 0, inputSelectionRows,
+constexpr UnitFunction inputSelection = {"INPUT_SELECTION", QKV720_GET_FGBGAUX_INPUTSOURCE, 9, 0,
+    inputSelectionRows,
     call<&qkv720::refreshStatus>, sendInputSelection, call<&qkv720::resetVideoInputGenlock>};
-constexpr UnitFunction inputStandard = {"INPUT_STANDARD", QKV720_GET_VIDEOIN_RESOLUTION, 5, 0, inputStandardRows,
+constexpr UnitFunction inputStandard = {"INPUT_STANDARD", QKV720_GET_VIDEOIN_RESOLUTION, 5, 0,
+    inputStandardRows,
     call<&qkv720::refreshVideoInRes>, nullptr, nullptr};
 constexpr UnitFunction outputRouting = {"OUTPUT_ROUTING", QKV720_GET_PGMPVW_OUTPUT, 6, 0, outputRoutingRows,
     call<&qkv720::refreshStatus>, sendOutputRouting, nullptr};

@@ -5,9 +5,9 @@
 #include <QByteArray>
 #include <QVector>
 
-// The functions of the unit: what each is called, which command reaches it, and where its values lie. A record is
-// laid out here and nowhere else: the same rows read a reply, the automatic key's chain and the answer to a reset, and
-// form the payload of a set.
+// The functions of the unit: what each is called, which command reaches it, and where its values lie. A
+// record is laid out here and nowhere else: the same rows read a reply, the automatic key's chain and the
+// answer to a reset, and form the payload of a set.
 
 // How a value lies in its record.
 enum class FieldKind {
@@ -65,8 +65,8 @@ struct UnitFunction
     int dataBytes; // of a reply's data and of a set's payload
     int resetBytes; // the zeros that a reset sends
     FieldRows fields;
-    // The operations of class qkv720: read into the fields, send the fields as they stand, restore the defaults. Null where
-    // the unit has no such operation. A get may read more than this function.
+    // The operations of class qkv720: read into the fields, send the fields as they stand, restore the
+    // defaults. Null where the unit has no such operation. A get may read more than this function.
     Operation get;
     Operation set;
     Operation reset;
@@ -106,7 +106,8 @@ extern const UnitFunction inputSelection;
 extern const UnitFunction inputStandard;
 extern const UnitFunction outputRouting;
 
-// All of them in the order of their codes, but for the aux mode, whose two bytes are the first two of the blur.
+// All of them in the order of their codes, but for the aux mode, whose two bytes are the first two of the
+// blur.
 const QVector<const UnitFunction *> &all();
 
 } // namespace functions

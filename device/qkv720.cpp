@@ -39,8 +39,8 @@ QString qkv720::connectDevice(uint method, QString select)
     serialObj->closeSerialPort();
     if (method == kNetworkLink) {
         targetIP = select;
-        // No wait here: the socket holds the first frame, and the wait for its bytes to leave sees the connection
-        // through.
+        // No wait here: the socket holds the first frame, and the wait for its bytes to leave sees the
+        // connection through.
         hlnpObj->swiTcpSocket->connectToHost(QHostAddress(select), kUnitPort);
     } else if (method == kSerialLink) {
         QString opened = serialObj->openSerialPort(select);
@@ -60,8 +60,8 @@ QString qkv720::connectDevice(uint method, QString select)
 
 QString qkv720::greetUnit(uint method)
 {
-    // The bounds differ by more than the two leading bytes: a short serial version reply passes, and the versions
-    // are then read from positions that it doesn't hold.
+    // The bounds differ by more than the two leading bytes: a short serial version reply passes, and the
+    // versions are then read from positions that it doesn't hold.
     const int shortestVersion = method == kNetworkLink ? 10 : 4;
     const auto version = exchangeOfAnyLength(method, {QKV720_GET_VERSION});
     if (!version || version->size() < shortestVersion)
@@ -121,8 +121,8 @@ uint qkv720::HLNPScan(QString cmd, int netcardIndex)
     hlnpObj->scanSlot(cmd, netcardIndex);
     qDebug() << "HLNP Scan!" << cmd << netcardIndex;
     QThread::msleep(kLookMs);
-    // Nothing can set the flag while this thread sleeps: a scan that ended with replies still queued costs the
-    // whole 50 s. docs/oddities.md tells why it stays.
+    // Nothing can set the flag while this thread sleeps: a scan that ended with replies still queued costs
+    // the whole 50 s. docs/oddities.md tells why it stays.
     for (int look = 0; look < kLooks && !hlnpObj->scanDone; ++look)
         QThread::msleep(kLookMs);
     return hlnpObj->scanDone ? 1 : 0;

@@ -23,7 +23,8 @@ struct UnitFunction;
 // was later. They outlive every connection.
 //
 // `method` is the link: 1 network, 2 serial. Every operation with a `method` blocks the thread until its
-// exchange has ended, sleeps and retries included. Three shapes occur (functions.h lays out what each function carries):
+// exchange has ended, sleeps and retries included. functions.h lays out what each function carries. Three
+// shapes occur:
 //  - get    sends a GET code and takes the reply into the fields. On failure the fields keep their values; a
 //           returned record is then all zero and output arguments are left alone.
 //  - set    writes its arguments into the fields first, whether or not the unit hears of it, then sends them.
@@ -44,17 +45,22 @@ public:
     serialPort *serialObj;
     HLNP *hlnpObj; // owns swiTcpSocket, the network link
 
-    // Opens link `method` to `select` (an IP address, or a serial port name), reads the versions, asks for the
-    // device type and fetches the first status. "OK", or words for the operator: "Get Version failed. ...", the
-    // port's error text, or those of refreshStatus. "NOT OK" for any other method. Closes an open serial port
-    // first; closes nothing on failure.
+    // Opens link `method` to `select` (an IP address, or a serial port name), reads the versions, asks for
+    // the device type and fetches the first status. "OK", or words for the operator: "Get Version failed.
+    // ...", the port's error text, or those of refreshStatus. "NOT OK" for any other method. Closes an open
+    // serial port first; closes nothing on failure.
     QString connectDevice(uint method, QString select);
 
     // Closes the link, whether it is open or not, and clears isConnected. No signal. Always 0.
     uint disconnectDevice(uint method);
 
-    // One exchange on the network link: up to three writes, the command's sleep, one read. The bytes written; 0 or
-    // less for a failed attempt (three failed writes, or a reply of 3 bytes or fewer: -1). Each of these
+    // What became of the exchange that ended last: nothing came, the unit refused, or a reply was taken. For
+    // callers of operations that return nothing.
+    enum class Answer { None, Refused, Reply };
+    Answer lastAnswer() const { return answer; }
+
+    // One exchange on the network link: up to three writes, the command's sleep, one read. The bytes written;
+    // 0 or less for a failed attempt (three failed writes, or a reply of 3 bytes or fewer: -1). Each of these
     // clears isConnected and raises connectionBroken.
     int hlnpIO(QByteArray *writebuff, QByteArray *readbuff);
 
@@ -79,8 +85,8 @@ public:
     QString getBLVersion() const { return BLVersion; }
 
     // ---- Accessors: no exchange, never fail --------------------------------------------------------------------
-    // Inputs are 1 FG, 2 BG, 3 AUX, 4 SYNC; outputs are 1 PGM, 2 PVW, 3 PGM_HDMI, 4 PVW_HDMI. Any other number
-    // gives 0 or false.
+    // Inputs are 1 FG, 2 BG, 3 AUX, 4 SYNC; outputs are 1 PGM, 2 PVW, 3 PGM_HDMI, 4 PVW_HDMI. Any other
+    // number gives 0 or false.
 
     uint getInputRes(uint target) const;
     uint getInputSource(uint target) const; // 4 gives 0: sync has no source
@@ -116,7 +122,7 @@ public:
 
     // ---- Video output and routing ------------------------------------------------------------------------------
 
-    // Output standard (set). The unit is given 2 s.
+    // Output standard (set). The panel waits 2 s for the reply, as long as a unit takes to change over.
     void setVideoOut(uint method, resolution res, hdmiout_format colorSpace, std_auto std);
 
     // What each of the four outputs shows, with its lock and mirror flags (set).
@@ -144,9 +150,10 @@ public:
     // Background colour (get); the colour goes to tempR, tempG, tempB too.
     qkv720_color getBackColor(uint method);
 
-    // Background colour (set), or, with autoCK 1 or 2, the automatic key: the unit scans the picture for seconds
-    // and answers with new values of colour, angle, levels, dark, bright, shadow and spill, all of which are
-    // taken. 999, 999, 999 stands for the colour last seen under the cursor. ckBackColor.autoCk comes from replies only.
+    // Background colour (set), or, with autoCK 1 or 2, the automatic key: the unit scans the picture for
+    // seconds and answers with new values of colour, angle, levels, dark, bright, shadow and spill, all of
+    // which are taken. 999, 999, 999 stands for the colour last seen under the cursor. ckBackColor.autoCk
+    // comes from replies only.
     void setBackColor(uint method, quint16 r, quint16 g, quint16 b, uint autoCK);
     void resetBackColor(uint method);
 
@@ -195,8 +202,8 @@ public:
 
     // ---- Post-processing ---------------------------------------------------------------------------------------
 
-    // Post amplifier of the foreground: 0 to 1000; hue -180 to 180, sent as 16 bits of two's complement and read
-    // back without a sign.
+    // Post amplifier of the foreground: 0 to 1000; hue -180 to 180, sent as 16 bits of two's complement and
+    // read back without a sign.
     qkv720_ppfgpostamp getPPFGPostAmp(uint method);
     void setPPFGPostAmp(uint method, bool enable, uint bright, uint contrast, uint sat, uint hue);
     void resetPPFGPostAmp(uint method);
@@ -228,7 +235,8 @@ public:
 
     // ---- Aux ---------------------------------------------------------------------------------------------------
 
-    // Aux mode. It shares the command codes and the data bytes of the background blur, under fields of its own.
+    // Aux mode. It shares the command codes and the data bytes of the background blur, under fields of its
+    // own.
     void getAuxMode(uint method);
     void setAuxMode(uint method, uint auxFunc, uint polarity);
     void resetAuxMode(uint method);
@@ -314,7 +322,8 @@ public:
 
 public slots:
     // The guard of every network exchange. False when isConnected is false: then nothing is tried. Starts a
-    // reconnect when the socket has fallen, without waiting for it; if that cannot even start, the link is lost.
+    // reconnect when the socket has fallen, without waiting for it; if that cannot even start, the link is
+    // lost.
     bool checkConnection();
 
 signals:
@@ -324,17 +333,20 @@ signals:
 private:
     // One command each, from the frame to the reply body. Nothing when it fails, or when `method` is no link.
     //
-    // exchange: the connection check of the network link, the standard ladder, the length test of the serial link.
+    // exchange: the connection check of the network link, the standard ladder, the length test of the serial
+    // link.
     std::optional<ReplyBody> exchange(uint method, const Command &command);
     // Without the connection check: for the later steps of an operation that has made it, and for saveSetup.
     std::optional<ReplyBody> exchangeWithoutCheck(uint method, const Command &command,
                                                   const RetryLadder &ladder = kStandardLadder);
-    // Without the length test either: an empty serial reply passes. `resultLog` begins a log line for each attempt.
+    // Without the length test either: an empty serial reply passes. `resultLog` begins a log line for each
+    // attempt.
     std::optional<ReplyBody> exchangeOfAnyLength(uint method, const Command &command,
                                                  const RetryLadder &ladder = kStandardLadder,
                                                  const char *resultLog = nullptr);
 
-    // The three shapes, told at the head of this class, for a function as functions.h lays it out. Whether the unit answered.
+    // Get, set and reset, as the head of this class describes them, for one function of functions.h. Whether
+    // the unit answered.
     bool readFunction(uint method, const UnitFunction &function);
     void sendFunction(uint method, const UnitFunction &function);
     bool restoreFunction(uint method, const UnitFunction &function);
@@ -344,6 +356,7 @@ private:
 
     bool linkReady(uint method);
     void loseLink();
+    void noteAnswer(const ReplyBody &reply);
     // Writes a frame, up to four times with sleeps between. After the fourth failure the link is lost.
     qint64 writeSerial(QByteArray &frame);
     // writeSerial, `waitMs`, one read. What was written; nothing looks at the reply.
@@ -363,6 +376,7 @@ private:
     const input *inputOf(uint target) const;
     const output *outputOf(uint target) const;
 
+    Answer answer = Answer::None;
     QString targetIP;
     QTimer *timerCheckConnection; // never started: the link is checked on demand only
 };

@@ -106,7 +106,7 @@ void qkv720::setBackColor(uint method, quint16 r, quint16 g, quint16 b, uint aut
 
 std::optional<ReplyBody> qkv720::keyColorNetwork(const Payload &payload)
 {
-    if (!checkConnection())
+    if (!linkReady(kNetworkLink))
         return std::nullopt;
     return exchangeOfAnyLength(kNetworkLink, {functions::backColour.setCode(), payload},
                                kNetworkKeyColorLadder, "CK HLNP result");
@@ -117,16 +117,20 @@ std::optional<ReplyBody> qkv720::keyColorNetwork(const Payload &payload)
 std::optional<ReplyBody> qkv720::autoKeySerial(const Payload &payload)
 {
     qDebug() << "Do Auto must wait longer";
+    noteAnswer(ReplyBody());
     QByteArray frame = frameOf({functions::backColour.setCode(), payload}, kSerialLink);
     QByteArray received;
     if (askSerial(frame, kSerialAutoKeyMs, received) <= 0)
         return std::nullopt;
     qDebug() << "[qkv720:: serialIO] Serial Read: " << received.size();
-    return ReplyBody(received);
+    const ReplyBody chain(received);
+    noteAnswer(chain);
+    return chain;
 }
 
-// The chain holds the echo of the command and then the records of seven get replies, each behind a head of three
-// bytes and before a checksum. Edge fix is not among them, and what follows the spill record is ignored.
+// The chain holds the echo of the command and then the records of seven get replies, each behind a head of
+// three bytes and before a checksum. Edge fix is not among them, and what follows the spill record is
+// ignored.
 void qkv720::takeAutoKeyChain(const ReplyBody &chain)
 {
     const UnitFunction *const links[] = {&functions::backColour, &functions::angle,  &functions::levels,

@@ -123,9 +123,9 @@ struct Command
     FrameExt ext = kOrdinary;
 };
 
-// Forms a frame for link `method`. `command` and `ext` are cut to one byte; the first `paraByteLength` bytes of
-// `parameters` are the payload, and for 0 the array is not read at all (it may be null). Any method other than
-// 1 or 2 gives an empty array. The caller owns the result.
+// Forms a frame for link `method`. `command` and `ext` are cut to one byte; the first `paraByteLength` bytes
+// of `parameters` are the payload, and for 0 the array is not read at all (it may be null). Any method other
+// than 1 or 2 gives an empty array. The caller owns the result.
 QByteArray *qkv720_DeviceControl(int command, int ext, int method, int paraByteLength,
                                  QByteArray *parameters);
 // The same as a value.

@@ -23,9 +23,10 @@ void logAttempt(const char *text, int result, size_t tries)
     qDebug() << text << (result > 0 ? "EEE:" : failures[qMin<size_t>(tries, 3)]) << result;
 }
 
-// Waits for the bytes to leave. A connection that was refused meanwhile leaves them in the socket; at the next turn of
-// the event loop the toolkit would try to write them without a connection and say so on standard error. So they
-// are dropped here, and the socket stays open for the attempts that are left: these fail as quietly as this one.
+// Waits for the bytes to leave. A connection that was refused meanwhile leaves them in the socket; at the
+// next turn of the event loop the toolkit would try to write them without a connection and say so on standard
+// error. So they are dropped here, and the socket stays open for the attempts that are left: these fail as
+// quietly as this one.
 void pushOut(QTcpSocket &socket)
 {
     socket.waitForBytesWritten(kSocketWaitMs);
@@ -35,8 +36,9 @@ void pushOut(QTcpSocket &socket)
     }
 }
 
-// A peer that sends without being asked leaves more in the system's buffers than the socket may hold. What has arrived
-// goes with the reply that it was taken for; a peer that never stops is left to the next exchange.
+// A peer that sends without being asked leaves more in the system's buffers than the socket may hold. What
+// has arrived goes with the reply that it was taken for; a peer that never stops is left to the next
+// exchange.
 void dropFlood(QTcpSocket &socket)
 {
     constexpr int kMostReads = 256;
@@ -47,6 +49,7 @@ void dropFlood(QTcpSocket &socket)
 
 bool qkv720::linkReady(uint method)
 {
+    answer = Answer::None;
     if (method == kNetworkLink)
         return checkConnection();
     return method == kSerialLink;
@@ -71,6 +74,7 @@ std::optional<ReplyBody> qkv720::exchangeWithoutCheck(uint method, const Command
 std::optional<ReplyBody> qkv720::exchangeOfAnyLength(uint method, const Command &command,
                                                      const RetryLadder &ladder, const char *resultLog)
 {
+    answer = Answer::None;
     if (method != kNetworkLink && method != kSerialLink)
         return std::nullopt;
 
@@ -87,7 +91,17 @@ std::optional<ReplyBody> qkv720::exchangeOfAnyLength(uint method, const Command 
         QThread::msleep(ladder.sleepsMs.at(tries));
         received.clear();
     }
-    return ReplyBody(method == kNetworkLink ? received.mid(2) : received);
+    const ReplyBody reply(method == kNetworkLink ? received.mid(2) : received);
+    noteAnswer(reply);
+    return reply;
+}
+
+void qkv720::noteAnswer(const ReplyBody &reply)
+{
+    if (reply.size() <= 2)
+        answer = Answer::None;
+    else
+        answer = reply.isRefusal() ? Answer::Refused : Answer::Reply;
 }
 
 // ---- Functions -------------------------------------------------------------------------------------------------

@@ -3,8 +3,8 @@
 #include <QPoint>
 #include <QtGlobal>
 
-// Enumerations and records that mirror the unit. The numbers are the bytes that the unit uses. Nothing checks a
-// received byte against its enumeration, so each of them can hold any 32-bit value.
+// Enumerations and records that mirror the unit. The numbers are the bytes that the unit uses. Nothing checks
+// a received byte against its enumeration, so each of them can hold any 32-bit value.
 
 // Video standard of an output or of an input.
 enum resolution : int {

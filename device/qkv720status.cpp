@@ -4,7 +4,8 @@
 
 #include <QDebug>
 
-// First status and polling. Retries and words differ from step to step and from link to link: docs/oddities.md.
+// First status and polling. Retries and words differ from step to step and from link to link:
+// docs/oddities.md.
 
 QString qkv720::refreshStatus(uint method)
 {
@@ -23,7 +24,7 @@ QString qkv720::refreshStatus(uint method)
 
 QString qkv720::refreshStatusNetwork()
 {
-    if (!checkConnection())
+    if (!linkReady(kNetworkLink))
         return tr("Ethernet not Connected!");
 
     if (!readWithoutCheck(kNetworkLink, functions::outputRouting, kNetworkStatusLadder))
@@ -31,8 +32,8 @@ QString qkv720::refreshStatusNetwork()
     qDebug() << "PGM source" << PGM.source << "PVW source" << PVW.source << "PGMHDMI source"
              << PGM_HDMI.source << "PVWHDMI source" << PVW_HDMI.source;
 
-    // The link was checked once, before the first step. A read that a retry made good has cleared isConnected, and
-    // the steps go on all the same.
+    // The link was checked once, before the first step. A read that a retry made good has cleared
+    // isConnected, and the steps go on all the same.
     if (!readWithoutCheck(kNetworkLink, functions::outputStandard, kNetworkStatusLadder)
         || !readWithoutCheck(kNetworkLink, functions::inputSelection, kNetworkStatusLadder))
         return tr("Device disconnected.");
@@ -45,6 +46,7 @@ QString qkv720::refreshStatusSerial()
     // the port was opened is reported to the operator at once.
     QByteArray frame = frameOf({functions::outputRouting.getCode}, kSerialLink);
     QByteArray received;
+    noteAnswer(ReplyBody());
     const qint64 written = askSerial(frame, kSerialDefaultMs, received);
     if (written <= 0)
         return QString::number(written);

@@ -22,7 +22,8 @@ public:
     // The unit's single bytes are signed: 0x80 and above reach a field as a negative number.
     int byteAt(int position) const { return static_cast<signed char>(rawAt(position)); }
 
-    // The same byte where the field is unsigned: the sign is widened with it, so 0x80 becomes a very large number.
+    // The same byte where the field is unsigned: the sign is widened with it, so 0x80 becomes a very large
+    // number.
     uint widenedAt(int position) const { return static_cast<uint>(byteAt(position)); }
 
     uint unsignedAt(int position) const { return rawAt(position); }
@@ -36,6 +37,14 @@ public:
     bool flagIsOne(int position) const { return byteAt(position) == 1; }
     bool flagIsSet(int position) const { return byteAt(position) != 0; }
     bool flagIsPositive(int position) const { return byteAt(position) > 0; }
+
+    // Whether the unit refused the frame: three bytes, the second of which says that it doesn't know the
+    // command (0x81) or that the frame's sum was wrong (0x82). No operation looks: see docs/oddities.md.
+    bool isRefusal() const
+    {
+        constexpr int kRefusalSize = 3;
+        return size() == kRefusalSize && (unsignedAt(1) == 0x81 || unsignedAt(1) == 0x82);
+    }
 
     // Whether the last byte is the sum of all before it, modulo 256.
     bool checksumMatches() const

@@ -7,13 +7,13 @@
 
 // The waits and the retries of both links. docs/protocol.md prints these tables, and a test compares the two.
 
-// How long the unit is given before its reply is read. A row tests one byte of the frame, counted from its end:
-// not 0 gives the row's time, 0 the link's default. The first row whose command matches decides, even when its
-// test fails.
+// How long the unit is given before its reply is read. A row tests one byte of the frame, counted from its
+// end: not 0 gives the row's time, 0 the link's default. The first row whose command matches decides, even
+// when its test fails.
 //
-// The checksum, not the payload, decides in all rows but the first: a frame whose sum happens to be 0 gets the
-// short wait. And on the serial link input and cursor commands wait less than any other command. docs/oddities.md
-// tells what depends on both.
+// The checksum, not the payload, decides in all rows but the first: a frame whose sum happens to be 0 gets
+// the short wait. And on the serial link input and cursor commands wait less than any other command.
+// docs/oddities.md tells what depends on both.
 struct ReplyWait
 {
     int command;
@@ -50,6 +50,7 @@ constexpr RetryLadder kNetworkCursorLadder{{200, 200, 0}, 2};
 // It falls where the others rise: after a first failure the unit may still be scanning the picture.
 constexpr RetryLadder kNetworkKeyColorLadder{{3000, 1000, 500}, 3};
 
-// A write to the serial port that failed is tried again after each of these; the network link writes three times at once.
+// A write to the serial port that failed is tried again after each of these; the network link writes three
+// times at once.
 constexpr std::array<unsigned long, 3> kSerialWriteSleepsMs{100, 300, 500};
 constexpr int kNetworkWrites = 3;
