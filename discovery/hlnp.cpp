@@ -15,9 +15,9 @@ constexpr int kModelTimerMs = 3000;
 constexpr int kModelNameTimerMs = 2000;
 constexpr int kModelVersionTimerMs = 2000;
 
-// After a write that failed, the toolkit closes a UDP socket at the next wait that ends by its time. The discovery
-// socket stays bound as long as the program runs: the exchange that failed keeps its full length, and the ones
-// after it still hear their units.
+// After a write that failed, the toolkit closes a UDP socket at the next wait that ends by its time. The
+// discovery socket stays bound as long as the program runs: the exchange that failed keeps its full length,
+// and the ones after it still hear their units.
 class LastingSocket : public QUdpSocket
 {
 public:

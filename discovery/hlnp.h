@@ -10,8 +10,9 @@
 #include <QTimer>
 #include <QUdpSocket>
 
-// HLNP is the small UDP protocol by which the panel finds the units on the local network, learns their network
-// settings, identifies their model and rewrites their settings. The wire format is drawn in hlnpwire.h.
+// HLNP is the small UDP protocol by which the panel finds the units on the local network, learns their
+// network settings, identifies their model and rewrites their settings. The wire format is drawn in
+// hlnpwire.h.
 
 // The network identity of one device. Addresses and identifiers are text everywhere except on the wire.
 struct hlnp_network_info
@@ -143,12 +144,12 @@ public:
     bool beforeSaveNetConfig(int mode);
 
     // Remote configuration: one setting each, one blocking request and reply. They return "OK" for an ACK and
-    // for silence alike (after 11 tries: 12.1 s, the DNS commands 13.2 s), "NACK" for a refusal, and otherwise
-    // a translated error text. A badly formed text sends nothing. `currentNetcardIP` is used by none of them:
-    // the adapter is the one that the socket is bound to.
+    // for silence alike (after 11 tries: 12.1 s, the DNS commands 13.2 s), "NACK" for a refusal, and
+    // otherwise a translated error text. A badly formed text sends nothing. `currentNetcardIP` is used by
+    // none of them: the adapter is the one that the socket is bound to.
 
-    // Restarts the unit (broadcast, chosen by MAC). Raises setNetConfigBusy(true); setNetConfigBusy(false) and
-    // hlnpResetDone() follow only when the unit stayed silent.
+    // Restarts the unit (broadcast, chosen by MAC). Raises setNetConfigBusy(true); setNetConfigBusy(false)
+    // and hlnpResetDone() follow only when the unit stayed silent.
     QString reset(QString targetDeviceMAC, QString currentNetcardIP, QString targetDeviceIP);
     // Switches DHCP: 0 off, 1 on (broadcast, chosen by MAC).
     QString setDhcpMode(QString targetDeviceMAC, QString currentNetcardIP, QString targetDeviceIP, int dhcp);

@@ -71,8 +71,8 @@ QStringList partsOf(const QString &address)
 
 } // namespace
 
-// One exchange for all nine commands. Nothing is flushed before it, and neither code nor length of an answer is
-// compared: any datagram of the target with one of the two values at its place decides.
+// One exchange for all nine commands. Nothing is flushed before it, and neither code nor length of an answer
+// is compared: any datagram of the target with one of the two values at its place decides.
 QString HLNP::configure(const HlnpSetting &setting, const QByteArray &datagram, const QString &targetDeviceIP,
                         const QString &logged)
 {

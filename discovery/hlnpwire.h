@@ -98,15 +98,15 @@ enum RecordOffset {
 
 constexpr int kHostNameBytes = 16;
 
-// Header, MAC (six bytes in a broadcast, none in ETH_REQ and in a request to one unit), keyword, value. The length field is
-// that of the table and is not counted: it keeps its value when a host name with characters outside ASCII makes the
-// datagram longer.
+// Header, MAC (six bytes in a broadcast, none in ETH_REQ and in a request to one unit), keyword, value. The
+// length field is that of the table and is not counted: it keeps its value when a host name with characters
+// outside ASCII makes the datagram longer.
 QByteArray request(unsigned char code, const QByteArray &mac = {}, const QByteArray &value = {});
 int lengthField(const QByteArray &buffer);
 unsigned char byteAt(const QByteArray &buffer, int at);
 
-// Text to bytes; the caller has counted the parts. A part that is no number gives 0x00, and a number that does
-// not fit is cut to 8 bits: 300 goes out as 0x2C.
+// Text to bytes; the caller has counted the parts. A part that is no number gives 0x00, and a number that
+// does not fit is cut to 8 bits: 300 goes out as 0x2C.
 bool isMac(const QString &text); // exactly six parts between ":"
 bool isAddress(const QString &text); // exactly four parts between "."
 QByteArray macBytes(const QString &text);

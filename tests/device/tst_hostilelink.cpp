@@ -25,7 +25,8 @@ private slots:
 
 namespace {
 
-// Answers each frame that it gets; between two frames it can be told to send for as long as the peer takes it.
+// Answers each frame that it gets; between two frames it can be told to send for as long as the peer takes
+// it.
 class FloodingUnit
 {
 public:
@@ -34,7 +35,8 @@ public:
         sockaddr_in address = {};
         address.sin_family = AF_INET;
         address.sin_port = htons(5002);
-        // One address for each process, out of the range that other hosts of this machine's tests choose from.
+        // One address for each process, out of the range that other hosts of this machine's tests choose
+        // from.
         const auto process = static_cast<quint32>(getpid());
         address.sin_addr.s_addr = htonl(0x7F500000U | (process & 0xFFFFFU));
         m_address = QHostAddress(ntohl(address.sin_addr.s_addr)).toString();
@@ -157,7 +159,8 @@ void HostileLinkTest::aFloodFillsNoMemory()
     QVERIFY(pushed > 64 * 1024);
     VERIFY_BETWEEN(grown, -100'000'000LL, 5'000'000LL);
 
-    // The next exchange takes what was pushed for its reply, as any late reply is taken, and the one after it meets its own.
+    // The next exchange takes what was pushed for its reply, as any late reply is taken, and the one after it
+    // meets its own.
     QElapsedTimer timer;
     timer.start();
     device.getCKShadow(kNetworkLink);

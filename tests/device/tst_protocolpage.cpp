@@ -5,8 +5,9 @@
 #include <QFile>
 #include <QtTest>
 
-// docs/protocol.md prints the tables of codes, records, waits, ladders and datagrams. Each of its rows is formed here
-// from the tables of the code and must stand on the page, and no other row of the same table may stand there.
+// docs/protocol.md prints the tables of codes, records, waits, ladders and datagrams. Each of its rows is
+// formed here from the tables of the code and must stand on the page, and no other row of the same table may
+// stand there.
 class ProtocolPageTest : public QObject
 {
     Q_OBJECT
@@ -38,7 +39,8 @@ QString hex(int code)
     return QStringLiteral("%1").arg(code, 2, 16, QLatin1Char('0')).toUpper();
 }
 
-// Where the table with this heading differs from the rows wanted: the first row that does. Empty when it does not.
+// Where the table with this heading differs from the rows wanted: the first row that does. Empty when it does
+// not.
 QString difference(const QStringList &heading, const QStringList &wanted)
 {
     const QStringList lines = page().split(QLatin1Char('\n'));
