@@ -3,15 +3,6 @@
 
 #include <QDebug>
 
-namespace {
-
-// The unit's default byte of the spill settings.
-constexpr uint kSpillPresetMask = 0x07; // 0 low, 1 mid, 2 high
-constexpr uint kSpillEnhanceBit = 0x08;
-constexpr uint kSpillVividBit = 0x10;
-
-} // namespace
-
 // ---- Angle ------------------------------------------------------------------------------------------------
 
 void mainControl::tellCKAngle()

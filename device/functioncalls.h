@@ -72,7 +72,7 @@ inline void sendSpill(qkv720 &unit, uint method)
 inline void restoreSpill(qkv720 &unit, uint method)
 {
     const uint preset = unit.spillDefaultValue;
-    unit.resetCKSpillBright(method, preset & kSpillPresetBits, (preset & kSpillEnhanceOption) != 0);
+    unit.resetCKSpillBright(method, preset & kSpillPresetMask, (preset & kSpillEnhanceBit) != 0);
 }
 
 inline void sendEdgeFix(qkv720 &unit, uint method)

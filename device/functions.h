@@ -28,7 +28,9 @@ enum class FieldKind {
 // One value of a function.
 struct UnitField
 {
-    const char *name; // as the stand-in's console and docs/protocol.md call it
+    // As docs/protocol.md and the stand-in call it; a byte of flags, which has one name there, is a field for
+    // each flag.
+    const char *name;
     int at; // its place among the data bytes; three more in a reply
     FieldKind kind;
     int least; // what the panel's controls offer; nothing here tests it

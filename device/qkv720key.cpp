@@ -174,7 +174,7 @@ void qkv720::resetCKSpillBright(uint method, uint spillDefault, bool spiSupEnhan
     // An unknown preset asks for the low one, and then the option is dropped as well.
     uint defaultByte = 0;
     if (spillDefault <= kHighPreset)
-        defaultByte = spillDefault | (spiSupEnhance ? kSpillEnhanceOption : 0U);
+        defaultByte = spillDefault | (spiSupEnhance ? kSpillEnhanceBit : 0U);
     restoreFunction(method, functions::spill,
                     Payload().zeros(functions::spill.dataBytes - 1).byte(defaultByte));
 }

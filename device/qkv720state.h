@@ -119,11 +119,9 @@ struct qkv720_color
 };
 
 // What the spill default byte packs.
-enum : uint {
-    kSpillPresetBits = 0x07, // 0 low, 1 mid, 2 high
-    kSpillEnhanceOption = 0x08,
-    kSpillVividOption = 0x10,
-};
+constexpr uint kSpillPresetMask = 0x07; // 0 low, 1 mid, 2 high
+constexpr uint kSpillEnhanceBit = 0x08;
+constexpr uint kSpillVividBit = 0x10;
 
 // One enhancement stage: dark, bright or shadow. Shadow uses neither density nor balance.
 struct qkv720_enhancement
