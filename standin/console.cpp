@@ -90,7 +90,7 @@ QString Console::fault(const QStringList &words)
 {
     int code = 0;
     Fault read;
-    const QString error = parseFault(words.mid(1).join(QLatin1Char(' ')), code, read);
+    QString error = parseFault(words.mid(1).join(QLatin1Char(' ')), code, read);
     if (!error.isEmpty())
         return error;
     unit().setFault(code, read);

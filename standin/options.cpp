@@ -119,7 +119,7 @@ QString Options::read(const QStringList &arguments)
     for (Reader reader :
          {&Options::readUnits, &Options::readNetwork, &Options::readIdentifiers, &Options::readVersions,
           &Options::readTimes, &Options::readFiles, &Options::readFaults}) {
-        const QString error = (this->*reader)();
+        QString error = (this->*reader)();
         if (!error.isEmpty())
             return error;
     }
