@@ -12,7 +12,7 @@ namespace standin {
 namespace {
 
 constexpr int kSaveAfterMs = 200; // a dragged slider changes the state many times a second
-constexpr qint64 kLargestState = 1024 * 1024;
+constexpr qint64 kLargestState = qint64(1024) * 1024;
 
 // A named pipe would hold the program up for as long as nobody is at its other end.
 bool canBeLog(const QString &file)

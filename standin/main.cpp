@@ -49,7 +49,7 @@ QString start(const standin::Options &options, Appliances &units)
 {
     for (int i = 0; i < options.unitCount(); ++i) {
         units.push_back(std::make_unique<standin::Appliance>());
-        const QString error = options.start(*units.back(), i);
+        QString error = options.start(*units.back(), i);
         if (!error.isEmpty())
             return error;
     }

@@ -9,7 +9,7 @@ namespace standin {
 namespace {
 
 // A client that asks without ever reading is cut off: its answers must not fill the machine.
-constexpr qint64 kUnreadLimit = 1024 * 1024;
+constexpr qint64 kUnreadLimit = qint64(1024) * 1024;
 
 } // namespace
 
