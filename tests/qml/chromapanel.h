@@ -73,6 +73,18 @@ public:
         return at(slider, 11 + (slider->width() - 22) * (value - low) / span, slider->height() / 2);
     }
 
+    // Opens the picker over a picture of that code, and forgets what was called.
+    bool openPicker(int videoOutRes)
+    {
+        facade.videoOutRes = videoOutRes;
+        click(QStringLiteral("imgColorPen"));
+        const bool opened =
+            QTest::qWaitFor([this] { return flag(QStringLiteral("popupColorPicker.opened")); });
+        QTest::qWait(30);
+        facade.forget();
+        return opened;
+    }
+
     // From now on the button's death and return to life stand among the calls, in their place.
     void noteEnabled(const QString &id)
     {
@@ -93,6 +105,14 @@ public:
         return rest;
     }
 };
+
+// Locales whose number fields take a group sign, and the one of a machine that names none: QFETCH(QString, locale).
+inline void listLocales()
+{
+    QTest::addColumn<QString>("locale");
+    for (const char *locale : {"C", "en_US", "zh_TW", "zh_CN"})
+        QTest::newRow(locale) << locale;
+}
 
 // A row of the page: what its number field and its slider send with %1 in the place of the row's value.
 struct ChromaRow

@@ -1,6 +1,6 @@
 #include "chromapanel.h"
 
-// The chromakey page: its rows, and the commands that sliders, fields and buttons send.
+// The chromakey page: its rows, and the commands that sliders and buttons send.
 class TestChromakey : public QObject
 {
     Q_OBJECT
@@ -14,29 +14,15 @@ private slots:
     void smallTextsUnderTheGrooves();
     void sliderSendsItsGroup_data();
     void sliderSendsItsGroup();
-    void typedNumberGoesOutAtOnce_data();
-    void typedNumberGoesOutAtOnce();
-    void typedNumberOutsideTheRangeIsNotAccepted();
     void buttonsStepByOne();
     void firstMoveOpensTheWindow();
     void longDragSendsOneCommandPerWindow();
     void slowUnitIsNeverMoreThanOneCommandBehind_data();
     void slowUnitIsNeverMoreThanOneCommandBehind();
     void onlyTheLaterGroupOfAWindowIsSent();
-    void openAngleSendsMinusFirst();
-    void openAngleFieldMovesTheSliderByKeystroke();
-    void openAngleFieldHoldsFourCharacters();
-    void openAngleButtonsStopAtTheEnds();
-    void colourFieldsSendAllThree_data();
-    void colourFieldsSendAllThree();
-    void colourFieldHoldsTheUnitsRange();
     void automaticColour();
     void automaticColourShowsItsPress();
     void swatchDoesNothing();
-    void hueBarsShowTheSpan();
-    void hueBarsWrap_data();
-    void hueBarsWrap();
-    void contentScrolls();
 
 private:
     std::unique_ptr<ChromaPanel> h;
@@ -124,45 +110,6 @@ void TestChromakey::sliderSendsItsGroup()
         expected.prepend("setRefreshTimer(false)");
     QCOMPARE(h->facade.calls, expected);
     QVERIFY(id != "shrinkLeft" || expected.size() > 3);
-}
-
-void TestChromakey::typedNumberGoesOutAtOnce_data()
-{
-    listChromaRows();
-}
-
-void TestChromakey::typedNumberGoesOutAtOnce()
-{
-    QFETCH(int, index);
-    const ChromaRow row = chromaRows().at(index);
-    const QString id = QLatin1String(row.id);
-    h->fill();
-    const int before = h->number(id + ".sliderValue");
-    if (row.shown) {
-        h->typeInto(h->seen(id + ".itemText"), QStringLiteral("37"));
-    } else {
-        h->eval(id + ".textValue = \"37\"");
-        h->eval(id + ".textFieldChanged()");
-    }
-    const QStringList expected = {QString(row.command).arg(37), "msecSleep(100)", row.getter};
-    QCOMPARE(h->facade.calls, expected);
-    QCOMPARE(h->number(id + ".sliderValue"), before);
-    QCOMPARE(Messages::logs().filter("onTExtFieldChanged").size(),
-             QString(row.command).contains("Spill") ? 1 : 0);
-    h->waitForThrottle();
-    QCOMPARE(h->facade.calls, expected);
-}
-
-void TestChromakey::typedNumberOutsideTheRangeIsNotAccepted()
-{
-    h->fill();
-    h->typeInto(h->seen("softEdge.itemText"), QStringLiteral("101"));
-    QTest::qWait(80);
-    QCOMPARE(h->facade.calls, QStringList());
-    QCOMPARE(h->text("softEdge.itemText.text"), QStringLiteral("101"));
-    // Text that was not accepted stands until the slider next changes.
-    h->click(h->seen("softEdge.itemButtonIncrease"));
-    QCOMPARE(h->text("softEdge.itemText.text"), QStringLiteral("14"));
 }
 
 void TestChromakey::buttonsStepByOne()
@@ -265,116 +212,6 @@ void TestChromakey::onlyTheLaterGroupOfAWindowIsSent()
     QCOMPARE(h->number("commandIndex"), 3);
 }
 
-void TestChromakey::openAngleSendsMinusFirst()
-{
-    h->fill();
-    h->drag("sliderOPPlus", 80);
-    const int plus = h->number("sliderOPPlus.value");
-    QVERIFY(plus > 70);
-    h->waitForThrottle();
-    QCOMPARE(h->facade.calls,
-             QStringList({"setRefreshTimer(false)", QString("setCKAngle(21, %1)").arg(plus),
-                          "setRefreshTimer(true)"}));
-    h->facade.forget();
-    h->drag("sliderOPMinus", 5);
-    const int minus = h->number("sliderOPMinus.value");
-    h->waitForThrottle();
-    QCOMPARE(h->callsButPolls(), QStringList(QString("setCKAngle(%1, %2)").arg(minus).arg(plus)));
-    QCOMPARE(h->number("commandIndex"), 1);
-    QCOMPARE(h->number("sliderOPPlus.maximumValue"), 90);
-    QCOMPARE(h->number("sliderOPPlus.minimumValue"), 0);
-}
-
-void TestChromakey::openAngleFieldMovesTheSliderByKeystroke()
-{
-    h->fill();
-    h->typeInto(QStringLiteral("txtChromaOAMinus"), QStringLiteral("6"), Qt::Key_unknown);
-    QCOMPARE(h->number("sliderOPMinus.value"), 6);
-    QTest::keyClick(h->window, Qt::Key_3);
-    QCOMPARE(h->number("sliderOPMinus.value"), 63);
-    h->waitForThrottle();
-    QCOMPARE(h->callsButPolls(), QStringList("setCKAngle(63, 22)"));
-    // An emptied field is no number yet: the slider stays, and the next digit begins anew.
-    h->facade.forget();
-    QTest::keyClick(h->window, Qt::Key_Backspace);
-    QTest::keyClick(h->window, Qt::Key_Backspace);
-    QCOMPARE(h->text("txtChromaOAMinus.text"), QString());
-    QCOMPARE(h->number("sliderOPMinus.value"), 6);
-    QTest::keyClick(h->window, Qt::Key_9);
-    QTest::keyClick(h->window, Qt::Key_1);
-    // The slider holds at its end, and the field follows it.
-    QCOMPARE(h->number("sliderOPMinus.value"), 90);
-    QCOMPARE(h->text("txtChromaOAMinus.text"), QStringLiteral("90"));
-}
-
-void TestChromakey::openAngleFieldHoldsFourCharacters()
-{
-    h->fill();
-    for (const char *field : {"txtChromaOAPlus", "txtChromaOAMinus"}) {
-        QCOMPARE(h->number(QLatin1String(field) + ".maximumLength"), 4);
-        h->typeInto(QLatin1String(field), QStringLiteral("00001"), Qt::Key_unknown);
-        QCOMPARE(h->text(QLatin1String(field) + ".text"), QStringLiteral("0000"));
-    }
-    QCOMPARE(h->number("sliderOPPlus.value"), 0);
-    QCOMPARE(h->number("sliderOPMinus.value"), 0);
-}
-
-void TestChromakey::openAngleButtonsStopAtTheEnds()
-{
-    h->fill();
-    emit h->facade.refreshCKAngle(1, 89);
-    h->settle();
-    for (int i = 0; i < 3; ++i) {
-        h->click("btnOAIncrease");
-        h->click("btnOADecrease2");
-    }
-    QCOMPARE(h->number("sliderOPPlus.value"), 90);
-    QCOMPARE(h->number("sliderOPMinus.value"), 0);
-    h->waitForThrottle();
-    QCOMPARE(h->callsButPolls().last(), QStringLiteral("setCKAngle(0, 90)"));
-    h->click("btnOADecrease");
-    h->click("btnOAIncrease2");
-    QCOMPARE(h->number("sliderOPPlus.value"), 89);
-    QCOMPARE(h->number("sliderOPMinus.value"), 1);
-    // On release and not on press.
-    h->press(h->middle(h->item("btnOADecrease")));
-    QCOMPARE(h->face("btnOADecrease.source"), QStringLiteral("btn_p_reduce_s_chromakey"));
-    QCOMPARE(h->number("sliderOPPlus.value"), 89);
-    h->release(h->middle(h->item("btnOADecrease")));
-    QCOMPARE(h->number("sliderOPPlus.value"), 88);
-}
-
-void TestChromakey::colourFieldsSendAllThree_data()
-{
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("command");
-    QTest::newRow("R") << "txtBGR"
-                       << "setBKColor(8, 639, 290, 0)";
-    QTest::newRow("G") << "txtBGG"
-                       << "setBKColor(122, 8, 290, 0)";
-    QTest::newRow("B") << "txtBGB"
-                       << "setBKColor(122, 639, 8, 0)";
-}
-
-void TestChromakey::colourFieldsSendAllThree()
-{
-    QFETCH(QString, field);
-    QFETCH(QString, command);
-    h->fill();
-    h->typeInto(field, QStringLiteral("8"));
-    QCOMPARE(h->facade.calls, QStringList(command));
-}
-
-void TestChromakey::colourFieldHoldsTheUnitsRange()
-{
-    h->fill();
-    h->typeInto(QStringLiteral("txtBGG"), QStringLiteral("1000"));
-    QCOMPARE(h->facade.calls, QStringList("setBKColor(122, 1000, 290, 0)"));
-    h->facade.forget();
-    h->typeInto(QStringLiteral("txtBGG"), QStringLiteral("1001"));
-    QCOMPARE(h->facade.calls, QStringList());
-}
-
 void TestChromakey::automaticColour()
 {
     h->fill();
@@ -412,69 +249,6 @@ void TestChromakey::swatchDoesNothing()
     QTest::qWait(80);
     QCOMPARE(h->facade.calls, QStringList());
     QVERIFY(!h->flag("popupColorPicker.visible"));
-}
-
-void TestChromakey::hueBarsShowTheSpan()
-{
-    h->fill();
-    QCOMPARE(h->number("rowOpenAnglePlus.hue"), 140);
-    QCOMPARE(h->number("rowOpenAnglePlus.hueSpan"), 90);
-    QCOMPARE(h->number("rowOpenAngleMinus.hueSpan"), -90);
-    const QImage drawn = h->grab(h->item("rowOpenAnglePlus"), QStringLiteral("chroma-angle"));
-    const int hue = QColor(drawn.pixel(238, 57)).hslHue();
-    QVERIFY2(qAbs(hue - 140) <= 2, qPrintable(QString::number(hue)));
-    QVERIFY(qAbs(QColor(drawn.pixel(238 + 173, 57)).hslHue() - 185) <= 4);
-    QVERIFY(qAbs(QColor(drawn.pixel(238 + 345, 57)).hslHue() - 230) <= 2);
-    const QImage minus = h->grab(h->item("rowOpenAngleMinus"), QStringLiteral("chroma-angle-minus"));
-    QVERIFY(qAbs(QColor(minus.pixel(238 + 345, 57)).hslHue() - 50) <= 2);
-}
-
-void TestChromakey::hueBarsWrap_data()
-{
-    QTest::addColumn<int>("hue");
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<int>("end");
-    QTest::newRow("past 0") << 30 << "rowOpenAngleMinus" << 300;
-    QTest::newRow("past 360") << 330 << "rowOpenAnglePlus" << 60;
-    QTest::newRow("red up") << 0 << "rowOpenAnglePlus" << 90;
-    QTest::newRow("red down") << 0 << "rowOpenAngleMinus" << 270;
-    QTest::newRow("last up") << 359 << "rowOpenAnglePlus" << 89;
-}
-
-// The circle of hues has no end: a bar whose span leaves 0 to 359 goes on at the other side.
-void TestChromakey::hueBarsWrap()
-{
-    QFETCH(int, hue);
-    QFETCH(QString, row);
-    QFETCH(int, end);
-    emit h->facade.refreshBKColorAdjust(QStringLiteral("#1fa24a"), 122, 639, 290, hue, 0.68, 0.38);
-    const QImage drawn = h->grab(h->item(row), QStringLiteral("chroma-wrap"));
-    const auto apart = [&](int x, int wanted) {
-        const int off = qAbs(QColor(drawn.pixel(238 + x, 57)).hslHue() - wanted) % 360;
-        return qMin(off, 360 - off);
-    };
-    QVERIFY2(apart(0, hue) <= 2, qPrintable(QString::number(apart(0, hue))));
-    QVERIFY2(apart(345, end) <= 2, qPrintable(QString::number(apart(345, end))));
-}
-
-void TestChromakey::contentScrolls()
-{
-    h->fill();
-    QCOMPARE(h->text("[scrollContent.x, scrollContent.y, scrollContent.width, scrollContent.height].join()"),
-             QStringLiteral("30,10,1140,610"));
-    QVERIFY(h->flag("scrollContent.clip"));
-    QCOMPARE(h->number("scrollContent.contentHeight"), 444 + 150 + 150 + 150 + 370 + 296);
-    QQuickItem *bar = h->item("scrollContent.ScrollBar.vertical");
-    QCOMPARE(bar->property("policy").toInt(), 2); // always on
-    QCOMPARE(bar->mapToItem(h->item("scrollContent"), QPointF()), QPointF(1110 + 14, 0));
-    QCOMPARE(bar->height(), 610.0);
-    // To the end of the bar, and the last row stands whole above the page's lower edge.
-    h->press(h->at(bar, 6, 20));
-    for (int y = 20; y <= 605; y += 45)
-        h->move(h->at(bar, 6, y));
-    h->release(h->at(bar, 6, 605));
-    QQuickItem *last = h->item("softEdge");
-    QTRY_COMPARE(last->mapToItem(h->item("scrollContent"), QPointF(0, last->height())).y(), 610.0);
 }
 
 QTEST_MAIN(TestChromakey)

@@ -1,8 +1,6 @@
 #include "chromapanel.h"
 
-#include <numeric>
-
-// The chromakey page: switches, resets, spill defaults, folding, what the unit reports, languages.
+// The chromakey page: switches, resets, spill defaults, what the unit reports, languages.
 class TestChromaSections : public QObject
 {
     Q_OBJECT
@@ -31,11 +29,6 @@ private slots:
     void echoGoesOutOnce();
     void echoOfTheLastGroupAlone();
     void reportOfTheColour();
-    void folding_data();
-    void folding();
-    void hiddenRowsTakeTheirPlace_data();
-    void hiddenRowsTakeTheirPlace();
-    void foldingTheMatteHidesTheWhiteLevel();
     void languageRenewsFacesAndTexts();
     void facesAfterALanguageSwitchStayWrongUntilTheNextReport();
     void picturesForTheEye_data();
@@ -391,101 +384,6 @@ void TestChromaSections::reportOfTheColour()
     QCOMPARE(h->text("[colorBKH, colorBKS, colorBKL].join()"), QStringLiteral("210,0.5,0.08"));
     h->waitForThrottle();
     QCOMPARE(h->facade.calls, QStringList());
-}
-
-void TestChromaSections::folding_data()
-{
-    QTest::addColumn<int>("section");
-    QTest::addColumn<int>("atStart");
-    QTest::addColumn<int>("unfolded");
-    QTest::addColumn<QString>("inside");
-    QTest::newRow("matte") << 1 << 444 << 444 << "blackLevel";
-    QTest::newRow("dark") << 2 << 150 << 150 << "darkLevel";
-    QTest::newRow("bright") << 3 << 150 << 150 << "brightLevel";
-    QTest::newRow("shadow") << 4 << 150 << 150 << "shadow";
-    QTest::newRow("spill") << 5 << 370 << 420 << "spillBalance";
-    QTest::newRow("edge") << 6 << 296 << 296 << "softEdge";
-}
-
-void TestChromaSections::folding()
-{
-    QFETCH(int, section);
-    QFETCH(int, atStart);
-    QFETCH(int, unfolded);
-    QFETCH(QString, inside);
-    const QString header = QStringLiteral("pageCK_ContentHeader0%1.").arg(section);
-    const QString height = QStringLiteral("pageCK_ContentArea0%1.height").arg(section);
-    const QString folded = QStringLiteral("area0%1Folded").arg(section);
-    const int others = h->number("scrollContent.contentHeight") - atStart;
-    QCOMPARE(h->number(height), atStart);
-    QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_show_dashboard"));
-    h->seen(header + "foldButton");
-    QElapsedTimer clock;
-    clock.start();
-    h->click(h->seen(header + "foldButton"));
-    QVERIFY(h->flag(folded));
-    QVERIFY(!h->flag(inside + ".enabled"));
-    QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_hide_dashboard"));
-    QVERIFY(h->number(height) > 74);
-    QTRY_COMPARE_WITH_TIMEOUT(h->number(height), 74, 1000);
-    QVERIFY(clock.elapsed() >= 180);
-    QCOMPARE(h->number("scrollContent.contentHeight"), others + 74);
-    h->click(h->seen(header + "foldButton"));
-    QVERIFY(h->flag(inside + ".enabled"));
-    QTRY_COMPARE_WITH_TIMEOUT(h->number(height), unfolded, 1000);
-    QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_show_dashboard"));
-    QCOMPARE(h->facade.calls, QStringList());
-}
-
-void TestChromaSections::hiddenRowsTakeTheirPlace_data()
-{
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<QVector<int>>("atStart");
-    QTest::addColumn<QVector<int>>("unfolded");
-    // The sections bright and shadow unfold by the dark section's row.
-    QTest::newRow("dark density") << "darkDensity" << QVector<int>({444, 296, 150, 150, 370, 296})
-                                  << QVector<int>({444, 296, 296, 296, 420, 296});
-    QTest::newRow("bright density") << "brightDensity" << QVector<int>({444, 150, 296, 150, 370, 296})
-                                    << QVector<int>({444, 150, 150, 150, 420, 296});
-    QTest::newRow("spill enhance") << "spillEnhance" << QVector<int>({444, 150, 150, 150, 470, 296})
-                                   << QVector<int>({444, 150, 150, 150, 520, 296});
-    QTest::newRow("balances") << "darkBalance" << QVector<int>({444, 150, 150, 150, 370, 296})
-                              << QVector<int>({444, 150, 150, 150, 420, 296});
-}
-
-void TestChromaSections::hiddenRowsTakeTheirPlace()
-{
-    QFETCH(QString, row);
-    QFETCH(QVector<int>, atStart);
-    QFETCH(QVector<int>, unfolded);
-    const auto heights = [this] {
-        QVector<int> list;
-        for (int section = 1; section <= 6; ++section)
-            list << h->number(QStringLiteral("pageCK_ContentArea0%1.height").arg(section));
-        return list;
-    };
-    h->eval(row + ".visible = true");
-    QCOMPARE(heights(), atStart);
-    for (int section = 1; section <= 6; ++section) {
-        const QString height = QStringLiteral("pageCK_ContentArea0%1.height").arg(section);
-        const QString fold = QStringLiteral("pageCK_ContentHeader0%1.foldButton").arg(section);
-        h->click(h->seen(fold));
-        QTRY_COMPARE_WITH_TIMEOUT(h->number(height), 74, 1000);
-        h->click(h->seen(fold));
-        QTRY_COMPARE_WITH_TIMEOUT(h->number(height), unfolded.at(section - 1), 1000);
-    }
-    QCOMPARE(heights(), unfolded);
-    QCOMPARE(h->number("scrollContent.contentHeight"),
-             std::accumulate(unfolded.cbegin(), unfolded.cend(), 0));
-}
-
-void TestChromaSections::foldingTheMatteHidesTheWhiteLevel()
-{
-    h->click("pageCK_ContentHeader01.foldButton");
-    QVERIFY(!h->flag("whiteLevel.visible"));
-    QVERIFY(h->flag("blackLevel.visible"));
-    emit h->facade.refreshCKBWLevel(7, 8, true);
-    QCOMPARE(h->number("whiteLevel.sliderValue"), 8);
 }
 
 void TestChromaSections::languageRenewsFacesAndTexts()

@@ -1,6 +1,6 @@
 #include "chromapanel.h"
 
-// The colour picker: opening, pad, steps, fields, endings.
+// The colour picker: opening, pad, endings.
 class TestPicker : public QObject
 {
     Q_OBJECT
@@ -21,12 +21,6 @@ private slots:
     void hoverStopsTheTimer();
     void releaseInsideIsAlsoAClick();
     void sampleIsShown();
-    void stepsOnRelease();
-    void stepsStopAtTheEdges_data();
-    void stepsStopAtTheEdges();
-    void fieldsPlaceTheCursor();
-    void fieldsHoldTheRange_data();
-    void fieldsHoldTheRange();
     void ok();
     void cancel_data();
     void cancel();
@@ -40,7 +34,7 @@ private slots:
     void facesFollowTheLanguage();
 
 private:
-    void open(int videoOutRes = 16);
+    bool open(int videoOutRes = 16) { return h->openPicker(videoOutRes); }
     QPoint pad(int x, int y) const { return h->at(h->item("colorPickerMouseArea"), x, y); }
     bool isOpen() const { return h->flag("popupColorPicker.visible"); }
 
@@ -58,15 +52,6 @@ void TestPicker::cleanup()
 {
     QCOMPARE(Messages::warnings(), QStringList());
     h.reset();
-}
-
-void TestPicker::open(int videoOutRes)
-{
-    h->facade.videoOutRes = videoOutRes;
-    h->click("imgColorPen");
-    QTRY_VERIFY(h->flag("popupColorPicker.opened"));
-    QTest::qWait(30);
-    h->facade.forget();
 }
 
 void TestPicker::opening_data()
@@ -117,7 +102,7 @@ void TestPicker::fadesIn()
 
 void TestPicker::keepsItsPlaceBetweenOpenings()
 {
-    open();
+    QVERIFY(open());
     QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
     h->click("btnColorPickerCancel");
     QTRY_VERIFY(!isOpen());
@@ -128,7 +113,7 @@ void TestPicker::keepsItsPlaceBetweenOpenings()
 
 void TestPicker::standsWhereItIsDrawn()
 {
-    open();
+    QVERIFY(open());
     const QVector<QPair<const char *, QRect>> places = {
         {"colorPickerMouseAreaItem", {21, 69, 480, 270}},
         {"txtColorPickerR", {21, 359, 80, 26}},
@@ -173,7 +158,7 @@ void TestPicker::clickOnThePad()
     QFETCH(int, code);
     QFETCH(QPoint, place);
     QFETCH(QString, command);
-    open(code);
+    QVERIFY(open(code));
     QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(place.x(), place.y()));
     QTest::qWait(250);
     QCOMPARE(h->facade.calls, QStringList(command));
@@ -182,7 +167,7 @@ void TestPicker::clickOnThePad()
 
 void TestPicker::dragSendsOneCommandPer200Ms()
 {
-    open();
+    QVERIFY(open());
     h->press(pad(10, 10));
     const qint64 start = h->facade.now();
     int step = 0;
@@ -209,7 +194,7 @@ void TestPicker::dragSendsOneCommandPer200Ms()
 
 void TestPicker::leavingThePadTakesTheCursorAway()
 {
-    open();
+    QVERIFY(open());
     h->press(pad(100, 100));
     h->move(pad(120, 100));
     h->move(pad(479, 100));
@@ -231,7 +216,7 @@ void TestPicker::leavingThePadTakesTheCursorAway()
 
 void TestPicker::returningStartsTheCommandsAgain()
 {
-    open();
+    QVERIFY(open());
     h->press(pad(100, 100));
     h->move(pad(101, 100));
     h->move(pad(500, 100));
@@ -244,7 +229,7 @@ void TestPicker::returningStartsTheCommandsAgain()
 
 void TestPicker::hoverStopsTheTimer()
 {
-    open();
+    QVERIFY(open());
     h->eval("timerMouseMovingCommand.start()");
     QTest::mouseMove(h->window, pad(200, 100));
     QTest::mouseMove(h->window, pad(210, 100));
@@ -254,7 +239,7 @@ void TestPicker::hoverStopsTheTimer()
 
 void TestPicker::releaseInsideIsAlsoAClick()
 {
-    open();
+    QVERIFY(open());
     h->press(pad(100, 100));
     h->move(pad(110, 110));
     h->release(pad(110, 110));
@@ -265,7 +250,7 @@ void TestPicker::releaseInsideIsAlsoAClick()
 
 void TestPicker::sampleIsShown()
 {
-    open();
+    QVERIFY(open());
     QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
     emit h->facade.refreshBKColorPicker("#c80a14", 785, 40, 80, 357, 0.9047, 0.4118);
     QCOMPARE(h->color("recColorPickerResult.color"), QStringLiteral("#C80A14"));
@@ -281,109 +266,9 @@ void TestPicker::sampleIsShown()
     QCOMPARE(h->number("colorBKH"), 140);
 }
 
-void TestPicker::stepsOnRelease()
-{
-    open();
-    QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
-    h->facade.forget();
-    const QPoint place = h->middle(h->item("btnIncreaseX"));
-    h->press(place);
-    QCOMPARE(h->face("btnIncreaseX.source"), QStringLiteral("btn_p_increase_s_chromakey"));
-    QCOMPARE(h->facade.calls, QStringList());
-    h->release(place);
-    QCOMPARE(h->face("btnIncreaseX.source"), QStringLiteral("btn_n_increase_s_chromakey"));
-    h->click("btnDecreaseY");
-    h->click("btnDecreaseX");
-    h->click("btnDecreaseX");
-    h->click("btnIncreaseY");
-    QCOMPARE(
-        h->facade.calls,
-        QStringList({"setCursorData(3, 961, 540)", "setCursorData(3, 961, 539)", "setCursorData(3, 960, 539)",
-                     "setCursorData(3, 959, 539)", "setCursorData(3, 959, 540)"}));
-    QCOMPARE(h->text("[tempX, tempY].join()"), QStringLiteral("959,540"));
-}
-
-void TestPicker::stepsStopAtTheEdges_data()
-{
-    QTest::addColumn<int>("code");
-    QTest::addColumn<int>("lastX");
-    QTest::addColumn<int>("lastY");
-    QTest::newRow("none") << 0 << 1919 << 1079;
-    QTest::newRow("720p50") << 3 << 1279 << 719;
-    QTest::newRow("1080p60") << 16 << 1919 << 1079;
-    QTest::newRow("2160p23") << 17 << 3839 << 2159;
-    QTest::newRow("2160p60") << 24 << 3839 << 2159;
-    QTest::newRow("2160wp60") << 32 << 3839 << 2159;
-}
-
-void TestPicker::stepsStopAtTheEdges()
-{
-    QFETCH(int, code);
-    QFETCH(int, lastX);
-    QFETCH(int, lastY);
-    open(code);
-    h->click("btnDecreaseX");
-    h->click("btnDecreaseY");
-    QCOMPARE(h->facade.calls, QStringList());
-    // The pad's last pixels are 4 or 8 of a 4K picture wide: to the very edge go the steps.
-    h->eval(QStringLiteral("colorPickerX = %1").arg(lastX - 1));
-    h->eval(QStringLiteral("colorPickerY = %1").arg(lastY - 1));
-    for (int i = 0; i < 3; ++i) {
-        h->click("btnIncreaseX");
-        h->click("btnIncreaseY");
-    }
-    QCOMPARE(h->facade.calls,
-             QStringList({QStringLiteral("setCursorData(3, %1, %2)").arg(lastX).arg(lastY - 1),
-                          QStringLiteral("setCursorData(3, %1, %2)").arg(lastX).arg(lastY)}));
-    for (int i = 0; i < 2; ++i)
-        h->click("btnDecreaseX");
-    QCOMPARE(h->number("colorPickerX"), lastX - 2);
-    QCOMPARE(h->number("tempX"), lastX - 2);
-}
-
-void TestPicker::fieldsPlaceTheCursor()
-{
-    open();
-    h->typeInto(QStringLiteral("txtColorPickerX"), QStringLiteral("812"));
-    h->typeInto(QStringLiteral("txtColorPickerY"), QStringLiteral("430"));
-    QCOMPARE(h->facade.calls, QStringList({"setCursorData(3, 812, 0)", "setCursorData(3, 812, 430)"}));
-    QCOMPARE(h->text("[colorPickerX, tempX, colorPickerY, tempY].join()"), QStringLiteral("812,812,430,430"));
-    QCOMPARE(h->text("[txtColorPickerX.text, txtColorPickerY.text].join()"), QStringLiteral("812,430"));
-    QVERIFY(isOpen());
-}
-
-void TestPicker::fieldsHoldTheRange_data()
-{
-    stepsStopAtTheEdges_data();
-}
-
-void TestPicker::fieldsHoldTheRange()
-{
-    QFETCH(int, code);
-    QFETCH(int, lastX);
-    QFETCH(int, lastY);
-    open(code);
-    h->typeInto(QStringLiteral("txtColorPickerX"), QString::number(lastX));
-    h->typeInto(QStringLiteral("txtColorPickerY"), QString::number(lastY));
-    const QString corner = QStringLiteral("setCursorData(3, %1, %2)");
-    QCOMPARE(h->facade.calls, QStringList({corner.arg(lastX).arg(0), corner.arg(lastX).arg(lastY)}));
-    h->facade.forget();
-    h->typeInto(QStringLiteral("txtColorPickerX"), QString::number(lastX + 1));
-    h->typeInto(QStringLiteral("txtColorPickerY"), QString::number(lastY + 1));
-    QCOMPARE(h->facade.calls, QStringList());
-    // What passes the field in another way is held all the same.
-    h->eval("txtColorPickerX.text = '-5'");
-    h->eval("txtColorPickerX.accepted()");
-    h->eval("txtColorPickerY.text = '5000'");
-    h->eval("txtColorPickerY.accepted()");
-    QCOMPARE(h->facade.calls, QStringList({corner.arg(0).arg(lastY), corner.arg(0).arg(lastY)}));
-    QCOMPARE(h->text("[txtColorPickerX.text, txtColorPickerY.text].join()"),
-             QStringLiteral("0,%1").arg(lastY));
-}
-
 void TestPicker::ok()
 {
-    open();
+    QVERIFY(open());
     QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
     emit h->facade.refreshBKColorPicker("#c80a14", 785, 40, 80, 357, 0.9, 0.41);
     h->facade.forget();
@@ -405,7 +290,7 @@ void TestPicker::cancel_data()
 void TestPicker::cancel()
 {
     QFETCH(QString, button);
-    open();
+    QVERIFY(open());
     QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
     h->facade.forget();
     h->click(button);
@@ -416,7 +301,7 @@ void TestPicker::cancel()
 
 void TestPicker::automatic()
 {
-    open();
+    QVERIFY(open());
     QTest::mouseClick(h->window, Qt::LeftButton, {}, pad(240, 135));
     emit h->facade.refreshBKColorPicker("#c80a14", 785, 40, 80, 357, 0.9, 0.41);
     h->facade.forget();
@@ -431,7 +316,7 @@ void TestPicker::automatic()
 
 void TestPicker::escapeLeavesTheCursor()
 {
-    open();
+    QVERIFY(open());
     QTest::keyClick(h->window, Qt::Key_Escape);
     QTRY_VERIFY(!isOpen());
     QCOMPARE(h->facade.calls, QStringList());
@@ -439,7 +324,7 @@ void TestPicker::escapeLeavesTheCursor()
 
 void TestPicker::escapeInADragSendsNoMore()
 {
-    open();
+    QVERIFY(open());
     h->press(pad(100, 100));
     h->move(pad(110, 110));
     QTest::keyClick(h->window, Qt::Key_Escape);
@@ -450,7 +335,7 @@ void TestPicker::escapeInADragSendsNoMore()
 
 void TestPicker::outsideDoesNotClose()
 {
-    open();
+    QVERIFY(open());
     QTest::mouseClick(h->window, Qt::LeftButton, {}, QPoint(1200, 700));
     QTest::qWait(300);
     QVERIFY(isOpen());
@@ -458,7 +343,7 @@ void TestPicker::outsideDoesNotClose()
 
 void TestPicker::cancelBringsTheHueBack()
 {
-    open();
+    QVERIFY(open());
     h->eval("colorBKH = 12");
     h->click("btnColorPickerCancel");
     QCOMPARE(h->number("rowOpenAnglePlus.hue"), 140);
@@ -490,7 +375,7 @@ void TestPicker::facesFollowTheLanguage()
     QFETCH(QString, language);
     QFETCH(QString, folder);
     h->translator.setTranslation(language);
-    open();
+    QVERIFY(open());
     QCOMPARE(h->face("btnColorPickerAuto.source"), folder + "btn_n_auto_pick_color");
     QCOMPARE(h->face("btnColorPickerCancel.source"), folder + "btn_n_cancel_adjust_color");
     QCOMPARE(h->face("popupColorPicker.source"), folder + "img_bg_pick_color_chromakey");
