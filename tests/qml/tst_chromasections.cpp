@@ -31,6 +31,7 @@ private slots:
     void reportOfTheColour();
     void languageRenewsFacesAndTexts();
     void facesAfterALanguageSwitchStayWrongUntilTheNextReport();
+    void nothingMovesWithTheLanguage();
     void picturesForTheEye_data();
     void picturesForTheEye();
 
@@ -429,6 +430,56 @@ qreal TestChromaSections::titleWidth(const char *row) const
             return text->property("contentWidth").toReal();
     }
     return 1e6;
+}
+
+void TestChromaSections::nothingMovesWithTheLanguage()
+{
+    QStringList ids = {"txtBackingColor",
+                       "recColorAdjust",
+                       "imgColorPen",
+                       "btnCkBKColorAuto",
+                       "txtBGR",
+                       "txtBGG",
+                       "txtBGB",
+                       "txtOpenAngle",
+                       "sliderOPPlus",
+                       "sliderOPMinus",
+                       "btnOADecrease",
+                       "btnOAIncrease",
+                       "btnOADecrease2",
+                       "btnOAIncrease2",
+                       "txtChromaOAPlus",
+                       "txtChromaOAMinus",
+                       "txtDefaultBrightLevel",
+                       "btnSpillLowImage",
+                       "btnSpillMidImage",
+                       "btnSpillHighImage"};
+    for (const ChromaRow &row : chromaRows()) {
+        if (!row.shown)
+            continue;
+        for (const char *part :
+             {"", ".itemSlider", ".itemButtonDecrease", ".itemButtonIncrease", ".itemText"})
+            ids << QLatin1String(row.id) + QLatin1String(part);
+    }
+    for (int i = 1; i <= 6; ++i) {
+        for (const char *part : {"", ".foldButton", ".switchButton", ".resetButton"})
+            ids << QStringLiteral("pageCK_ContentHeader0%1").arg(i) + QLatin1String(part);
+    }
+    const auto places = [&] {
+        QStringList list;
+        for (const QString &id : ids) {
+            const QPoint place = h->at(h->item(id), 0, 0);
+            list << QStringLiteral("%1 at %2, %3").arg(id).arg(place.x()).arg(place.y());
+        }
+        return list;
+    };
+    const QStringList english = places();
+    QVERIFY(english.contains("blackLevel.itemSlider at 444, 488"));
+    for (const char *language : {"zh_TW", "zh_CN", "en_US"}) {
+        h->translator.setTranslation(language);
+        QTest::qWait(50); // columns and rows lay themselves out with the next frame
+        QCOMPARE(places(), english);
+    }
 }
 
 void TestChromaSections::picturesForTheEye_data()

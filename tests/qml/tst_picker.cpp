@@ -12,6 +12,7 @@ private slots:
     void opening();
     void fadesIn();
     void keepsItsPlaceBetweenOpenings();
+    void standsWhereItIsDrawn_data();
     void standsWhereItIsDrawn();
     void clickOnThePad_data();
     void clickOnThePad();
@@ -111,8 +112,18 @@ void TestPicker::keepsItsPlaceBetweenOpenings()
     QCOMPARE(h->facade.calls.last(), QStringLiteral("setCursorData(3, 960, 540)"));
 }
 
+void TestPicker::standsWhereItIsDrawn_data()
+{
+    QTest::addColumn<QString>("language");
+    for (const char *language : {"en_US", "zh_TW", "zh_CN"})
+        QTest::newRow(language) << language;
+}
+
+// In every language at the same place.
 void TestPicker::standsWhereItIsDrawn()
 {
+    QFETCH(QString, language);
+    h->translator.setTranslation(language);
     QVERIFY(open());
     const QVector<QPair<const char *, QRect>> places = {
         {"colorPickerMouseAreaItem", {21, 69, 480, 270}},
@@ -137,7 +148,7 @@ void TestPicker::standsWhereItIsDrawn()
     }
     QCOMPARE(h->number("colorPickerMouseArea.cursorShape"), int(Qt::CrossCursor));
     QVERIFY(h->flag("Array.prototype.some.call(popupColorPicker.contentItem.children, function (item) {"
-                    " return item.text === 'Pick Backing Color' && item.y === 5 })"));
+                    " return item.text === qsTr('Pick Backing Color') && item.y === 5 })"));
     h->grab(h->window->contentItem(), "picker");
 }
 
