@@ -93,6 +93,13 @@ public:
         return false;
     }
 
+    // Cuts the link off and lets the socket notice.
+    bool letSocketFall()
+    {
+        host.drop();
+        return QTest::qWaitFor([this] { return socket()->state() == QTcpSocket::UnconnectedState; });
+    }
+
     QTcpSocket *socket() const { return device->hlnpObj->swiTcpSocket; }
 
     const uint method;

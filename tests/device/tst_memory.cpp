@@ -14,21 +14,13 @@ private slots:
     void savingChangesNoField();
     void failedRecallRefreshesNothing();
     void fourWrongChecksumsRefreshNothing();
-
-private:
-    // Lets the socket notice that the other end is gone.
-    static void letSocketFall(DeviceBench &bench)
-    {
-        bench.host.drop();
-        QTRY_COMPARE(bench.socket()->state(), QTcpSocket::UnconnectedState);
-    }
 };
 
 void MemoryTest::saveSetupDoesNotReconnect()
 {
     DeviceBench bench(kNetworkLink);
     QVERIFY(bench.connectUnit());
-    letSocketFall(bench);
+    QVERIFY(bench.letSocketFall());
     bench.device->saveSetup(kNetworkLink);
     QCOMPARE(bench.socket()->state(), QTcpSocket::UnconnectedState);
     QCOMPARE(bench.host.record().size(), 0);

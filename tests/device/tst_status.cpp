@@ -121,8 +121,10 @@ void StatusTest::networkLadderIsShort()
         DeviceBench bench(kNetworkLink);
         QVERIFY(bench.connectUnit());
         bench.host.setFault(code, standin::Fault::shortened(3));
+        QString result;
         QVERIFY(bench.framesComeApart(
-            {350, 350}, [&bench] { QCOMPARE(bench.device->refreshStatus(kNetworkLink), kDisconnected); }));
+            {350, 350}, [&bench, &result] { result = bench.device->refreshStatus(kNetworkLink); }));
+        QCOMPARE(result, kDisconnected);
         QCOMPARE(bench.host.count(code), 3);
     }
 }
@@ -231,8 +233,10 @@ void StatusTest::serialChecksum()
     QCOMPARE(bench.host.count(code), 3);
 
     bench.host.setFault(code, standin::Fault::wrongChecksum());
+    QString result;
     QVERIFY(bench.framesComeApart({450, 650},
-                                  [&] { QCOMPARE(bench.device->refreshStatus(kSerialLink), words); }));
+                                  [&bench, &result] { result = bench.device->refreshStatus(kSerialLink); }));
+    QCOMPARE(result, words);
     QCOMPARE(bench.host.count(code), 3);
     QVERIFY(bench.device->isConnected);
     QCOMPARE(bench.broken.count(), 0);
@@ -244,8 +248,10 @@ void StatusTest::videoInResNetworkLadder()
     QVERIFY(bench.connectUnit());
     bench.host.setFault(0x62, standin::Fault::shortened(3));
     bench.device->inputFG.res = PAL;
+    QString result;
     QVERIFY(bench.framesComeApart(
-        {350, 550}, [&bench] { QCOMPARE(bench.device->refreshVideoInRes(kNetworkLink), kDisconnected); }));
+        {350, 550}, [&bench, &result] { result = bench.device->refreshVideoInRes(kNetworkLink); }));
+    QCOMPARE(result, kDisconnected);
     QCOMPARE(bench.host.count(0x62), 3);
     QCOMPARE(int(bench.device->inputFG.res), int(PAL));
 }
@@ -267,10 +273,10 @@ void StatusTest::videoOutLadder()
     bench.host.setFault(
         0x60, method == kNetworkLink ? standin::Fault::shortened(3) : standin::Fault::wrongChecksum());
     bench.device->videoOut = {PAL, YUV422, RESERVED};
-    QVERIFY(bench.framesComeApart({waitMs + 300, waitMs + 500, waitMs + 1000}, [&bench, method] {
-        const video_out result = bench.device->getVideoOut(method);
-        QCOMPARE(int(result.res), 0);
-    }));
+    video_out result{PAL, YUV422, RESERVED};
+    QVERIFY(bench.framesComeApart({waitMs + 300, waitMs + 500, waitMs + 1000},
+                                  [&bench, &result, method] { result = bench.device->getVideoOut(method); }));
+    QCOMPARE(int(result.res), 0);
     QCOMPARE(int(bench.device->videoOut.res), int(PAL));
     QCOMPARE(bench.host.count(0x60), 4);
     QVERIFY(!bench.device->isConnected);

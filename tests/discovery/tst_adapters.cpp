@@ -34,7 +34,7 @@ private slots:
     void aFailedBindIsPassedOver();
 
 private:
-    void plug(const QString &adapter, const QStringList &addresses);
+    bool plug(const QString &adapter, const QStringList &addresses);
 
     std::unique_ptr<support::TestNetwork> net;
     QString panelHost;
@@ -56,18 +56,19 @@ void TestAdapters::cleanup()
     net.reset();
 }
 
-void TestAdapters::plug(const QString &adapter, const QStringList &addresses)
+bool TestAdapters::plug(const QString &adapter, const QStringList &addresses)
 {
     net->plug(panelHost, adapter, cable, addresses);
-    QVERIFY2(net->isGood(), qPrintable(net->complaint()));
-    QVERIFY(support::TestNetwork::enter(panelHost));
+    if (!net->isGood())
+        qWarning() << net->complaint();
+    return net->isGood() && support::TestNetwork::enter(panelHost);
 }
 
 void TestAdapters::addressesAndAdaptersInTheirOrder()
 {
-    plug(QStringLiteral("eth0"), {QStringLiteral("192.168.72.1/24"), QStringLiteral("10.3.2.1/16")});
-    plug(QStringLiteral("eth1"), {QStringLiteral("192.168.99.4/24")});
-    plug(QStringLiteral("eth2"), {QStringLiteral("192.168.98.4/24")});
+    QVERIFY(plug(QStringLiteral("eth0"), {QStringLiteral("192.168.72.1/24"), QStringLiteral("10.3.2.1/16")}));
+    QVERIFY(plug(QStringLiteral("eth1"), {QStringLiteral("192.168.99.4/24")}));
+    QVERIFY(plug(QStringLiteral("eth2"), {QStringLiteral("192.168.98.4/24")}));
     QVERIFY(net->setCable(panelHost, QStringLiteral("eth2"), false)); // it doesn't run
     HLNP hlnp;
     QSignalSpy cleared(&hlnp, &HLNP::clearComboNetcard);
@@ -99,7 +100,7 @@ void TestAdapters::addressesAndAdaptersInTheirOrder()
 
 void TestAdapters::twoEnumerations()
 {
-    plug(QStringLiteral("eth0"), {QStringLiteral("192.168.72.1/24"), QStringLiteral("10.3.2.1/16")});
+    QVERIFY(plug(QStringLiteral("eth0"), {QStringLiteral("192.168.72.1/24"), QStringLiteral("10.3.2.1/16")}));
     HLNP hlnp;
     hlnp.hLNPpreScanProcess();
     const QStringList once = {kFirst, QStringLiteral("[10.3.2.1] eth0")};
@@ -118,9 +119,9 @@ void TestAdapters::twoEnumerations()
 
 void TestAdapters::linkLocalAndLoopbackAreNoAdapters()
 {
-    plug(QStringLiteral("eth0"),
-         {QStringLiteral("192.168.72.1/24"), QStringLiteral("169.254.7.7/16"),
-          QStringLiteral("127.9.9.9/32")});
+    QVERIFY(plug(QStringLiteral("eth0"),
+                 {QStringLiteral("192.168.72.1/24"), QStringLiteral("169.254.7.7/16"),
+                  QStringLiteral("127.9.9.9/32")}));
     HLNP hlnp;
     hlnp.hLNPpreScanProcess();
     QCOMPARE(hlnp.netcardModels(), QStringList{kFirst});
@@ -130,9 +131,9 @@ void TestAdapters::linkLocalAndLoopbackAreNoAdapters()
 
 void TestAdapters::linkLocalAndLoopbackAreNeverBound()
 {
-    plug(QStringLiteral("eth0"),
-         {QStringLiteral("192.168.72.1/24"), QStringLiteral("169.254.7.7/16"),
-          QStringLiteral("127.9.9.9/32")});
+    QVERIFY(plug(QStringLiteral("eth0"),
+                 {QStringLiteral("192.168.72.1/24"), QStringLiteral("169.254.7.7/16"),
+                  QStringLiteral("127.9.9.9/32")}));
     HLNP hlnp;
     hlnp.hLNPpreScanProcess();
     // A single adapter is meant whatever address the walk is on, so that each that is not passed over is bound.
@@ -158,7 +159,7 @@ void TestAdapters::linkLocalAndLoopbackAreNeverBound()
 
 void TestAdapters::aFailedBindIsPassedOver()
 {
-    plug(QStringLiteral("eth0"), {QStringLiteral("192.168.72.1/24")});
+    QVERIFY(plug(QStringLiteral("eth0"), {QStringLiteral("192.168.72.1/24")}));
     const Devices devices(farHost, {kUnit}, nullptr);
     QVERIFY(devices.isGood());
     // The host has one port to give, and somebody has it already.

@@ -361,22 +361,22 @@ void TestDeviceTable::dormantTimersDriveTheirSlots()
         done.clear();
         QSignalSpy fired(timer, &QTimer::timeout);
         timer->start(0);
-        QTRY_COMPARE(fired.size(), 1);
+        return QTest::qWaitFor([&fired] { return fired.size() == 1; });
     };
 
-    fire(ofModel.first());
+    QVERIFY(fire(ofModel.first()));
     QCOMPARE(done.size(), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("Get Model Name")), 0);
     QCOMPARE(LogCapture::count(QStringLiteral("GetDeviceModelVersin")), 0);
     QVERIFY(!ofNames.at(0)->isActive() && !ofNames.at(1)->isActive());
 
-    fire(ofNames.at(0));
+    QVERIFY(fire(ofNames.at(0)));
     QCOMPARE(done.size(), 0);
     QCOMPARE(LogCapture::count(QStringLiteral("GetDeviceModelVersin")), 0);
     QVERIFY(LogCapture::count(QStringLiteral("processDatagrams Begin")) > 0); // asks, then starts the next
     QVERIFY(ofNames.at(1)->isActive());
 
-    fire(ofNames.at(1));
+    QVERIFY(fire(ofNames.at(1)));
     QCOMPARE(done.size(), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("GetDeviceModelVersin Done... ")), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("processDatagrams Begin")), 0);
