@@ -147,8 +147,8 @@ ApplicationWindow {
         console.log("Language Select AAA3:")
         combos.forEach(function (combo, i) {
             // While the document loads a combo may have no entry yet. Writing that back would keep it from
-            // taking its first one.
-            if (kept[i] >= 0)
+            // taking its first one. Later a blank combo stays blank, or the next touch would send its first entry.
+            if (kept[i] >= 0 || !wasSettling)
                 combo.currentIndex = kept[i]
         })
         settling = wasSettling

@@ -8,7 +8,8 @@ import QtQuick.Controls 2.5
 DarkTextField {
     id: networkField
 
-    readonly property bool marked: Qt.colorEqual(color, "#aa0000") || Qt.colorEqual(color, "#990000")
+    readonly property bool marked: text !== "" && (Qt.colorEqual(color, "#aa0000")
+                                                   || Qt.colorEqual(color, "#990000"))
 
     width: 216
     height: 32

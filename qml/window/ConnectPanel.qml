@@ -201,7 +201,8 @@ PopupFrame {
                 model: mainObject.ipSelectList
                 validator: DottedQuad {}
                 onCurrentIndexChanged: {
-                    if (currentText !== "")
+                    // While the list is being blanked the text is still the old one.
+                    if (model !== emptyList && currentText !== "")
                         mainObject.getHLNPDeviceInfo(currentIndex)
                 }
             }

@@ -1,7 +1,8 @@
 import QtQuick 2.12
 import "../blocks"
 
-// The header: Connect, Setup and the language.
+// The header: Connect, Setup and the language. While the start mask is up, which leaves the header free, the Tab key
+// goes round in it: what lies under the mask must not be reached.
 Image {
     property alias comboMainLanguage: comboMainLanguage
     property alias btnSetup: btnSetup
@@ -34,12 +35,16 @@ Image {
         textRole: "modelData"
         model: listLanguage
         onCurrentIndexChanged: switchLanguage()
+        KeyNavigation.tab: popupMask.visible ? btnConnect : null
+        KeyNavigation.backtab: popupMask.visible ? btnSetup : null
     }
 
     FaceButton {
         id: btnSetup
         anchors { top: parent.top; topMargin: 6; right: comboMainLanguage.left; rightMargin: 6 }
         source: face("n", "setup")
+        KeyNavigation.tab: popupMask.visible ? comboMainLanguage : null
+        KeyNavigation.backtab: popupMask.visible ? btnConnect : null
         onClicked: {
             source = face(btnSetupClicked ? "n" : "p", "setup")
             if (!btnSetupClicked)
@@ -52,6 +57,8 @@ Image {
         id: btnConnect
         anchors { top: parent.top; topMargin: 6; right: btnSetup.left }
         source: face("n", "connect")
+        KeyNavigation.tab: popupMask.visible ? btnSetup : null
+        KeyNavigation.backtab: popupMask.visible ? comboMainLanguage : null
         onClicked: {
             source = face(btnConnectClicked ? "n" : "p", "connect")
             if (!btnConnectClicked) {

@@ -194,12 +194,18 @@ PopupFrame {
         }
 
         onShowVout: {
-            // Both combos hold the poll at every change, one that the unit reports included: after a format
-            // that was changed at the unit the poll rests until the next operation or until the panel closes.
+            var resolution = comboSetupVOutRes.currentIndex
+            var format = comboSetupVOutOutputFormat.currentIndex
             comboSetupVOutRes.currentIndex = findListOutputResolutionIndex(res)
             comboSetupVOutOutputFormat.currentIndex = colorformat
             autoOutputRes = std !== 0
             comboSetupVOutRes.enabled = !autoOutputRes
+            // Both combos hold the poll at every change, one that the unit reports included. With the panel
+            // closed nobody is choosing, and the poll is the only watch over the link: it goes on.
+            var held = resolution !== comboSetupVOutRes.currentIndex
+                    || format !== comboSetupVOutOutputFormat.currentIndex
+            if (held && !popupSetup.visible && mainObject.isConnected())
+                mainObject.setRefreshTimer(true)
         }
     }
 }
