@@ -147,7 +147,7 @@ ApplicationWindow {
         console.log("Language Select AAA3:")
         combos.forEach(function (combo, i) {
             // While the document loads a combo may have no entry yet. Writing that back would keep it from
-            // taking its first one. Later a blank combo stays blank, or the next touch would send its first entry.
+            // taking its first one. Later a blank combo stays blank: the next touch must not send an entry.
             if (kept[i] >= 0 || !wasSettling)
                 combo.currentIndex = kept[i]
         })

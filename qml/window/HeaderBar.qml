@@ -1,8 +1,8 @@
 import QtQuick 2.12
 import "../blocks"
 
-// The header: Connect, Setup and the language. While the start mask is up, which leaves the header free, the Tab key
-// goes round in it: what lies under the mask must not be reached.
+// The header: Connect, Setup and the language. While the start mask is up, which leaves the header free, the
+// Tab key goes round in it: what lies under the mask must not be reached.
 Image {
     property alias comboMainLanguage: comboMainLanguage
     property alias btnSetup: btnSetup
