@@ -53,7 +53,6 @@ void TestChromakey::loadingIsNoChange()
     QCOMPARE(h->text("[videoOutRes, xMax, yMax, colorTempH].join()"), QStringLiteral("16,478,268,0.3"));
     QCOMPARE(h->color("recColorAdjust.color"), QStringLiteral("#00FF00"));
     QCOMPARE(h->text("colorDialog.title"), QStringLiteral("Choose a color"));
-    h->grab(h->window->contentItem(), QStringLiteral("chroma-start"));
 }
 
 void TestChromakey::rowsStandAsTold_data()

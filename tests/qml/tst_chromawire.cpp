@@ -58,16 +58,8 @@ void TestChromaWire::cleanup()
 
 QStringList TestChromaWire::frames() const
 {
-    QStringList list;
-    for (const standin::FrameRecord &frame : unit->record()) {
-        // The poll's own reads have nothing to do with a gesture.
-        if (frame.code == 0x60 || frame.code == 0x62)
-            continue;
-        QByteArray bytes(1, char(frame.code));
-        bytes += frame.payload;
-        list << (frame.isExtended() ? "reset " : "") + QString::fromLatin1(bytes.toHex(' '));
-    }
-    return list;
+    // The poll's own reads have nothing to do with a gesture.
+    return unit->frames({0x60, 0x62});
 }
 
 void TestChromaWire::forget()
