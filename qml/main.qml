@@ -168,8 +168,7 @@ ApplicationWindow {
     title: "QKV-720 v1.6.7"
     color: "#060A12"
     font.pixelSize: 18
-    font.family: qmlTranslator.currentLanguage() + qmlTranslator.e_str === "en_US"
-                 ? hlFontEnRegular.name : "Noto Sans CJK TC Regular"
+    font.family: Look.family(hlFontEnRegular)
 
     Component.onCompleted: {
         settling = false

@@ -1,5 +1,6 @@
 import QtQuick 2.12
 import QtQuick.Controls 2.5
+import "."
 
 // A button on a bare face, for words that have no picture.
 //
@@ -20,6 +21,6 @@ Button {
         font.pixelSize: 16
         font.bold: true
         text: wordButton.text
-        color: wordButton.pressed ? "#FFFFFF" : "#D8D8D8"
+        color: wordButton.pressed ? "#FFFFFF" : Look.normal
     }
 }

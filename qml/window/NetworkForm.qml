@@ -31,8 +31,8 @@ Item {
     }
 
     function color(editable) {
-        txtHostname.color = "#D8D8D8"
-        colorAddresses(editable ? "#D8D8D8" : "#909090")
+        txtHostname.color = Look.normal
+        colorAddresses(editable ? Look.normal : "#909090")
     }
 
     // Marks stand until they are taken back, whatever else is shown meanwhile.
@@ -56,7 +56,7 @@ Item {
 
     function showSubnet(inside) {
         ipAddrError = !inside
-        txtIPAddr.color = inside ? "#D8D8D8" : "#990000"
+        txtIPAddr.color = inside ? Look.normal : "#990000"
     }
 
     FormRow {

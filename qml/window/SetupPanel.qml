@@ -65,7 +65,7 @@ PopupFrame {
 
             FormRow {
                 title: qsTranslate("main", "Output Resolution") + qmlTranslator.e_str; titleWidth: 200
-                titleColor: comboSetupVOutRes.enabled ? "#D8D8D8" : "#999999"
+                titleColor: comboSetupVOutRes.enabled ? Look.normal : "#999999"
 
                 MyComboBox {
                     id: comboSetupVOutRes

@@ -38,7 +38,7 @@ NoticeShell {
             msgConnect.text = ""
             btnWarningReconnect.enabled = true
             txtWarningReconnect.color = Qt.binding(function () {
-                return btnWarningReconnect.pressed ? "#FFFFFF" : "#D8D8D8"
+                return btnWarningReconnect.pressed ? "#FFFFFF" : Look.normal
             })
             popupConnect.open()
             console.log("popupConnect Open")
