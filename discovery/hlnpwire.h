@@ -54,27 +54,27 @@ enum Code : unsigned char {
 // One request. Its keyword is empty where the panel never sends it.
 struct Command
 {
+    const char *keyword;
+    const char *label; // its name in the log
+    int length; // of the whole datagram, as its length field says
     Code code;
     Type type;
-    const char *keyword;
-    int length; // of the whole datagram, as its length field says
-    const char *label; // its name in the log
 };
 constexpr Command kCommands[] = {
-    {EthReq, ToAll, "ETH_REQ", 11, "HLNP Scan "},
-    {FwverReq, ToOne, "FWVER_REQ", 13, "FW Version Request "},
-    {SetDhcpMode, ToAll, "SET_DHCPMODE", 23, "Set DHCP Mode "},
-    {SetIpAdr, ToAll, "SET_IPADR", 27, "Set IP "},
-    {Reset, ToAll, "RESET", 15, "Reset "},
-    {Bootloader, ToAll, "", 0, "Bootloader "},
-    {SetDhcpName, ToOne, "SET_DHCPNAME", 32, "Set DHCP Name "},
-    {SetMacAdr, ToOne, "SET_MACADR", 20, "Set MAC "},
-    {SetNetmask, ToOne, "SET_NETMASK", 19, "Set NetMask "},
-    {SetGateway, ToOne, "SET_GATEWAY", 19, "Set Gateway "},
-    {SetPriDns, ToOne, "SET_PRIDNS", 18, "Set Primary DNS "},
-    {SetSecDns, ToOne, "SET_SECDNS", 18, "Set Second DNS "},
-    {GetModel, ToAll, "GET_MODEL", 19, "Get Model VIDPID "},
-    {GetModelName, ToAll, "GET_MODEL_NAME", 24, "Get ModelName "},
+    {"ETH_REQ", "HLNP Scan ", 11, EthReq, ToAll},
+    {"FWVER_REQ", "FW Version Request ", 13, FwverReq, ToOne},
+    {"SET_DHCPMODE", "Set DHCP Mode ", 23, SetDhcpMode, ToAll},
+    {"SET_IPADR", "Set IP ", 27, SetIpAdr, ToAll},
+    {"RESET", "Reset ", 15, Reset, ToAll},
+    {"", "Bootloader ", 0, Bootloader, ToAll},
+    {"SET_DHCPNAME", "Set DHCP Name ", 32, SetDhcpName, ToOne},
+    {"SET_MACADR", "Set MAC ", 20, SetMacAdr, ToOne},
+    {"SET_NETMASK", "Set NetMask ", 19, SetNetmask, ToOne},
+    {"SET_GATEWAY", "Set Gateway ", 19, SetGateway, ToOne},
+    {"SET_PRIDNS", "Set Primary DNS ", 18, SetPriDns, ToOne},
+    {"SET_SECDNS", "Set Second DNS ", 18, SetSecDns, ToOne},
+    {"GET_MODEL", "Get Model VIDPID ", 19, GetModel, ToAll},
+    {"GET_MODEL_NAME", "Get ModelName ", 24, GetModelName, ToAll},
 };
 // The row of a code; null for a code outside the table.
 const Command *commandOf(unsigned char code);
