@@ -41,6 +41,7 @@ python3-cairo                       the pictures
 python3-gi                          the pictures
 python3-gi-cairo                    the pictures
 gir1.2-pango-1.0                    the pictures
+tshark                              reads captures through the dissector
 '
 needs_to_lint='
 clang-tidy                          the habits of the code

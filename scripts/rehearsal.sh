@@ -39,6 +39,13 @@ ip link set lo up &&
     in_unit ip link set lo up && in_unit ip address add 192.168.72.10/24 dev unit0 && in_unit ip link set unit0 up &&
     in_unit ip route add default dev unit0 || stop "the private network could not be made"
 
+# REHEARSAL_CAPTURE=FILE keeps what crosses the cable, for tools/qkv720.lua (needs dumpcap, of tshark).
+if [ -n "${REHEARSAL_CAPTURE:-}" ]; then
+    dumpcap -q -i panel0 -f "port 5002" -w "$REHEARSAL_CAPTURE" 2>/dev/null &
+    started+=($!)
+    sleep 1
+fi
+
 unit_log=$work/unit.log
 : >"$unit_log"
 if [ "$console" = console ]; then
