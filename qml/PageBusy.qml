@@ -19,6 +19,9 @@ BusyIndicator {
             opacity: control.running ? 1 : 0
 
             Behavior on opacity {
+                // An animator that starts on a hidden item gets no frames, so it never ends and turns the event
+                // loop 60 times a second for ever.
+                enabled: control.visible
                 OpacityAnimator { duration: 250 }
             }
 

@@ -55,8 +55,9 @@ Popup {
             interval: 500
             running: true
             onTriggered: {
-                maskbusy.running = false
+                // Hidden first, so that it has nothing left to animate.
                 maskbusy.visible = false
+                maskbusy.running = false
             }
         }
     }
