@@ -90,9 +90,12 @@ int main(int argc, char **argv)
     const QString address = QStringLiteral("127.98.%1.%2").arg((pid >> 8U) & 0xFFU).arg(1 + pid % 250U);
     QProcess unit;
     unit.setProcessChannelMode(QProcess::MergedChannels);
-    unit.start(
-        QStringLiteral(UNIT_PROGRAM),
-        {QStringLiteral("--address"), address, QStringLiteral("--no-discovery"), QStringLiteral("--quiet")});
+    unit.start(QStringLiteral(UNIT_PROGRAM),
+               {QStringLiteral("--address"), address, QStringLiteral("--no-discovery"),
+                QStringLiteral("--quiet"),
+                // The panel does not wait here, so the unit may not either.
+                QStringLiteral("--key-time"), QStringLiteral("0"), QStringLiteral("--format-time"),
+                QStringLiteral("0")});
     QByteArray greeting;
     while (!greeting.contains("ready") && unit.waitForReadyRead(5000))
         greeting += unit.readAll();
