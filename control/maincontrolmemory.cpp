@@ -27,6 +27,15 @@ constexpr RecallStep kRecallSteps[] = {
     {&mainControl::getHoldoutWindow, 200}, {&mainControl::getLumaKey, 200},
 };
 
+constexpr unsigned long recallPausesMs()
+{
+    unsigned long sum = kAfterRecallMs;
+    for (const RecallStep &step : kRecallSteps)
+        sum += step.sleepMs;
+    return sum;
+}
+static_assert(recallPausesMs() == kRecallPausesMs);
+
 } // namespace
 
 void mainControl::storeLastMemory(uint index)

@@ -37,6 +37,9 @@ inline void readDark(qkv720 &unit, uint method)
 inline void sendBackColour(qkv720 &unit, uint method)
 {
     const qkv720_color colour = unit.ckBackColor;
+    // Three times 999 stands for the colour seen last; as a colour of its own it is made just that.
+    if (colour.r == kColorUnderCursor && colour.g == kColorUnderCursor && colour.b == kColorUnderCursor)
+        unit.tempR = unit.tempG = unit.tempB = kColorUnderCursor;
     unit.setBackColor(method, colour.r, colour.g, colour.b, colour.autoCk);
 }
 

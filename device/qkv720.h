@@ -54,10 +54,17 @@ public:
     // Closes the link, whether it is open or not, and clears isConnected. No signal. Always 0.
     uint disconnectDevice(uint method);
 
-    // What became of the exchange that ended last: nothing came, the unit refused, or a reply was taken. For
-    // callers of operations that return nothing.
-    enum class Answer { None, Refused, Reply };
+    // What became of the exchange that ended last: nothing came, the unit refused, something came that is no
+    // whole answer to the command (and was taken all the same), or a reply was taken. For callers of
+    // operations that return nothing.
+    enum class Answer { None, Refused, Garbled, Reply };
     Answer lastAnswer() const { return answer; }
+    // How many exchanges ended in a refusal: for operations of several.
+    int refusals() const { return refused; }
+
+    // Reads one function alone, under the standard ladder, where its own get may read more. Whether the unit
+    // answered; lastAnswer() tells with what.
+    bool readFunction(uint method, const UnitFunction &function);
 
     // One exchange on the network link: up to three writes, the command's sleep, one read. The bytes written;
     // 0 or less for a failed attempt (three failed writes, or a reply of 3 bytes or fewer: -1). Each of these
@@ -345,9 +352,8 @@ private:
                                                  const RetryLadder &ladder = kStandardLadder,
                                                  const char *resultLog = nullptr);
 
-    // Get, set and reset, as the head of this class describes them, for one function of functions.h. Whether
-    // the unit answered.
-    bool readFunction(uint method, const UnitFunction &function);
+    // Set and reset, as the head of this class describes them, for one function of functions.h. Whether the
+    // unit answered.
     void sendFunction(uint method, const UnitFunction &function);
     bool restoreFunction(uint method, const UnitFunction &function);
     bool restoreFunction(uint method, const UnitFunction &function, const Payload &payload);
@@ -356,7 +362,7 @@ private:
 
     bool linkReady(uint method);
     void loseLink();
-    void noteAnswer(const ReplyBody &reply);
+    void noteAnswer(const ReplyBody &reply, int command);
     // Writes a frame, up to four times with sleeps between. After the fourth failure the link is lost.
     qint64 writeSerial(QByteArray &frame);
     // writeSerial, `waitMs`, one read. What was written; nothing looks at the reply.
@@ -377,6 +383,7 @@ private:
     const output *outputOf(uint target) const;
 
     Answer answer = Answer::None;
+    int refused = 0;
     QString targetIP;
     QTimer *timerCheckConnection; // never started: the link is checked on demand only
 };

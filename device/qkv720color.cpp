@@ -8,7 +8,6 @@
 
 namespace {
 constexpr int kCursorReplySize = 15;
-constexpr quint16 kColorUnderCursor = 999;
 constexpr int kReplyFrame = 4; // what a reply holds beside its data: length, ext, command, checksum
 
 bool isAutoKey(uint autoCK)
@@ -117,14 +116,14 @@ std::optional<ReplyBody> qkv720::keyColorNetwork(const Payload &payload)
 std::optional<ReplyBody> qkv720::autoKeySerial(const Payload &payload)
 {
     qDebug() << "Do Auto must wait longer";
-    noteAnswer(ReplyBody());
+    noteAnswer(ReplyBody(), functions::backColour.setCode());
     QByteArray frame = frameOf({functions::backColour.setCode(), payload}, kSerialLink);
     QByteArray received;
     if (askSerial(frame, kSerialAutoKeyMs, received) <= 0)
         return std::nullopt;
     qDebug() << "[qkv720:: serialIO] Serial Read: " << received.size();
     const ReplyBody chain(received);
-    noteAnswer(chain);
+    noteAnswer(chain, functions::backColour.setCode());
     return chain;
 }
 

@@ -92,16 +92,20 @@ std::optional<ReplyBody> qkv720::exchangeOfAnyLength(uint method, const Command 
         received.clear();
     }
     const ReplyBody reply(method == kNetworkLink ? received.mid(2) : received);
-    noteAnswer(reply);
+    noteAnswer(reply, command.code);
     return reply;
 }
 
-void qkv720::noteAnswer(const ReplyBody &reply)
+void qkv720::noteAnswer(const ReplyBody &reply, int command)
 {
-    if (reply.size() <= 2)
+    if (reply.size() <= 2) {
         answer = Answer::None;
-    else
-        answer = reply.isRefusal() ? Answer::Refused : Answer::Reply;
+    } else if (reply.isRefusal()) {
+        answer = Answer::Refused;
+        ++refused;
+    } else {
+        answer = reply.answers(command) ? Answer::Reply : Answer::Garbled;
+    }
 }
 
 // ---- Functions -------------------------------------------------------------------------------------------------

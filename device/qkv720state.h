@@ -118,6 +118,9 @@ struct qkv720_color
     uint autoCk = 0; // 0 none, 1 AutoDef, 2 AutoBack
 };
 
+// In all three colours of a set it stands for the colour last seen under the cursor.
+constexpr quint16 kColorUnderCursor = 999;
+
 // What the spill default byte packs.
 constexpr uint kSpillPresetMask = 0x07; // 0 low, 1 mid, 2 high
 constexpr uint kSpillEnhanceBit = 0x08;

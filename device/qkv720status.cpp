@@ -46,7 +46,7 @@ QString qkv720::refreshStatusSerial()
     // the port was opened is reported to the operator at once.
     QByteArray frame = frameOf({functions::outputRouting.getCode}, kSerialLink);
     QByteArray received;
-    noteAnswer(ReplyBody());
+    noteAnswer(ReplyBody(), functions::outputRouting.getCode);
     const qint64 written = askSerial(frame, kSerialDefaultMs, received);
     if (written <= 0)
         return QString::number(written);
@@ -55,6 +55,7 @@ QString qkv720::refreshStatusSerial()
     const ReplyBody outputs(received);
     if (!outputs.checksumMatches())
         return QStringLiteral("-24");
+    noteAnswer(outputs, functions::outputRouting.getCode);
     functions::outputRouting.take(*this, outputs, kReplyData);
 
     if (!readWithoutCheck(kSerialLink, functions::outputStandard, kShortLadder))

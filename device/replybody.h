@@ -47,15 +47,25 @@ public:
     }
 
     // Whether the last byte is the sum of all before it, modulo 256.
-    bool checksumMatches() const
+    bool checksumMatches() const { return sumStandsAt(m_bytes.size() - 1); }
+
+    // Whether it begins with a whole answer to `command`: its length, its sum and the code in it agree. What
+    // follows, such as the chain of an automatic key, is not looked at.
+    bool answers(int command) const
     {
-        uint sum = 0;
-        for (int i = 0; i < m_bytes.size() - 1; ++i)
-            sum += rawAt(i);
-        return (sum & 0xFFU) == rawAt(m_bytes.size() - 1);
+        const int sumAt = static_cast<int>(unsignedAt(0));
+        return sumAt >= 3 && sumAt < size() && sumStandsAt(sumAt)
+            && unsignedAt(2) == static_cast<uint>(command);
     }
 
 private:
+    bool sumStandsAt(int end) const
+    {
+        uint sum = 0;
+        for (int i = 0; i < end; ++i)
+            sum += rawAt(i);
+        return (sum & 0xFFU) == rawAt(end);
+    }
     uchar rawAt(int position) const
     {
         if (position < 0 || position >= m_bytes.size())

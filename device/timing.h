@@ -50,6 +50,10 @@ constexpr RetryLadder kNetworkCursorLadder{{200, 200, 0}, 2};
 // It falls where the others rise: after a first failure the unit may still be scanning the picture.
 constexpr RetryLadder kNetworkKeyColorLadder{{3000, 1000, 500}, 3};
 
+// After a recall the panel reads the unit back slowly; these are its pauses together, the exchanges not
+// counted.
+constexpr unsigned long kRecallPausesMs = 2600;
+
 // A write to the serial port that failed is tried again after each of these; the network link writes three
 // times at once.
 constexpr std::array<unsigned long, 3> kSerialWriteSleepsMs{100, 300, 500};

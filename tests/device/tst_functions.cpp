@@ -22,6 +22,7 @@ private slots:
     void walkRestOnSerial() { walk(kSerialLink); }
     void theLastAnswer_data();
     void theLastAnswer();
+    void theColourOf999();
 
 private:
     static constexpr int kKeyFunctions = 10;
@@ -235,8 +236,17 @@ void FunctionsTest::theLastAnswer()
     bench.host.setFault(standin::Shadow, standin::Fault::refuse(0x81));
     device.getCKShadow(method);
     QCOMPARE(device.lastAnswer(), qkv720::Answer::Refused);
+    QCOMPARE(device.refusals(), 1);
     device.getCKBright(method);
     QCOMPARE(device.lastAnswer(), qkv720::Answer::Reply);
+    QCOMPARE(device.refusals(), 1);
+    // A whole frame with a right sum, but the answer to another command.
+    bench.host.setFault(standin::Shadow, standin::Fault::answer(QByteArray::fromHex("0500513741ce")));
+    device.getCKShadow(method);
+    QCOMPARE(device.lastAnswer(), qkv720::Answer::Garbled);
+    bench.host.setFault(standin::Shadow, standin::Fault::answer(QByteArray::fromHex("0600550163")));
+    device.getCKShadow(method);
+    QCOMPARE(device.lastAnswer(), method == kNetworkLink ? qkv720::Answer::Garbled : qkv720::Answer::None);
     bench.host.setFault(standin::Shadow, standin::Fault::silent());
     device.getCKShadow(method);
     QCOMPARE(device.lastAnswer(), qkv720::Answer::None);
@@ -248,6 +258,22 @@ void FunctionsTest::theLastAnswer()
     device.disconnectDevice(method);
     device.getCKShadow(method);
     QCOMPARE(device.lastAnswer(), qkv720::Answer::None);
+}
+
+// As arguments of the operation three times 999 ask for the colour seen last; as a row's values they are a colour.
+void FunctionsTest::theColourOf999()
+{
+    DeviceBench bench(kNetworkLink);
+    qkv720 &device = *bench.device;
+    QVERIFY(bench.connectUnit());
+    device.tempR = 5;
+    device.ckBackColor.r = device.ckBackColor.g = device.ckBackColor.b = 999;
+    functions::backColour.set(device, kNetworkLink);
+    for (const char *name : {"red", "green", "blue"}) {
+        int held = 0;
+        bench.host.withUnit([&](standin::Unit &unit) { held = unit.value(standin::BackColour, name); });
+        QCOMPARE(held, 999);
+    }
 }
 
 QTEST_GUILESS_MAIN(FunctionsTest)
