@@ -54,6 +54,18 @@ constexpr UnitField flag(const char *name, int at, FieldKind kind)
     return field<Member, Path...>(name, at, kind, {0, 1}, kSwitch);
 }
 
+// A byte without a sign. It comes back into its field as any byte does, so that 255 stands there as -1 or as a very
+// large number; whoever reads it through its row gets 255 again.
+template <auto Member, auto... Path>
+constexpr UnitField wholeByte(const char *name, int at)
+{
+    UnitField row = field<Member, Path...>(name, at, FieldKind::Byte, {0, 255});
+    row.read = [](const qkv720 &unit) -> qint64 {
+        return static_cast<quint8>(readMember<Member, Path...>(unit));
+    };
+    return row;
+}
+
 constexpr Range kThousand = {0, 1000};
 constexpr Range kHundred = {0, 100};
 
@@ -179,8 +191,8 @@ constexpr UnitField backgroundBlurRows[] = {
 };
 
 constexpr UnitField auxModeRows[] = {
-    field<&qkv720::auxFunction>("function", 0, FieldKind::Byte, {0, 255}),
-    field<&qkv720::auxPolarity>("polarity", 1, FieldKind::Byte, {0, 255}),
+    wholeByte<&qkv720::auxFunction>("function", 0),
+    wholeByte<&qkv720::auxPolarity>("polarity", 1),
 };
 
 constexpr UnitField lumaKeyRows[] = {
@@ -235,7 +247,7 @@ constexpr UnitField inputStandardRows[] = {
     field<&qkv720::inputBG, &input::res>("bg", 1, FieldKind::Byte, kAnyStandard, kStandards),
     field<&qkv720::inputAUX, &input::res>("aux", 2, FieldKind::Byte, kAnyStandard, kStandards),
     field<&qkv720::inputSYNC, &input::res>("sync", 3, FieldKind::Byte, kAnyStandard, kStandards),
-    field<&qkv720::genlockStatus>("genlockStatus", 4, FieldKind::Byte, {0, 255}),
+    wholeByte<&qkv720::genlockStatus>("genlockStatus", 4),
 };
 
 constexpr UnitField outputRoutingRows[] = {

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "ctl/commands.h"
+
+#include <QCommandLineParser>
+
+namespace ctl {
+
+// The command line, and the command that it names.
+class Options
+{
+public:
+    Options();
+
+    // An empty result is success, any other text is the one sentence that says what is wrong.
+    QString read(const QStringList &arguments);
+
+    bool wantsHelp() const { return m_parser.isSet(QStringLiteral("help")); }
+    bool wantsVersion() const { return m_parser.isSet(QStringLiteral("version")); }
+    bool isVerbose() const { return m_parser.isSet(QStringLiteral("verbose")); }
+    QString help() const;
+    const Command &command() const { return *m_command; }
+    const Request &request() const { return m_request; }
+
+private:
+    QString readCommand(const QStringList &words);
+    QString readValues();
+
+    QCommandLineParser m_parser;
+    const Command *m_command = nullptr;
+    Request m_request;
+};
+
+} // namespace ctl
