@@ -126,6 +126,11 @@ QVector<State> touches()
              s.showPage(2);
              s.pressReset("pageCK.pageCK_ContentArea01");
          }},
+        {"chroma-auto-pressed",
+         [](Scene &s) {
+             s.showPage(2);
+             s.press("pageCK.btnCkBKColorAuto");
+         }},
         {"chroma-step-pressed",
          [](Scene &s) {
              s.showPage(2);

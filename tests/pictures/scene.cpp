@@ -178,14 +178,31 @@ void Scene::awaitClosed(const QString &popup) const
         qFatal("%s does not close", qPrintable(popup));
 }
 
-void Scene::awaitFold() const
+void Scene::awaitFold(const QQuickItem *section) const
 {
-    QTest::qWait(350);
+    const auto *fold = section->property("foldAnimation").value<QObject *>();
+    if (!fold || !QTest::qWaitFor([=] { return !fold->property("running").toBool(); }))
+        qFatal("a section does not end its fold");
+}
+
+void Scene::awaitLayout(const QQuickItem *view)
+{
+    constexpr int kFramesAtRest = 4;
+    qreal height = -1;
+    for (int equal = 0, tries = 0; equal < kFramesAtRest; ++tries) {
+        if (tries > kGrabs)
+            qFatal("a page does not come to rest");
+        QTest::qWait(20);
+        const qreal now = view->property("contentHeight").toReal();
+        equal = qFuzzyCompare(now, height) ? equal + 1 : 0;
+        height = now;
+    }
 }
 
 void Scene::scrollTo(const QString &page, double part)
 {
     auto *view = evalIn(page, QStringLiteral("scrollContent.contentItem")).value<QQuickItem *>();
+    awaitLayout(view);
     view->setProperty("contentY", part * (view->property("contentHeight").toReal() - view->height()));
 }
 
@@ -195,12 +212,13 @@ void Scene::fold(const QString &section)
     for (QQuickItem *view = target->parentItem(); view; view = view->parentItem()) {
         if (!view->inherits("QQuickFlickable"))
             continue;
+        awaitLayout(view);
         const qreal top = view->property("contentY").toReal() + target->mapToItem(view, QPointF(0, 0)).y();
         const qreal last = view->property("contentHeight").toReal() - view->height();
         view->setProperty("contentY", qBound(0.0, top - kFoldMark.y(), qMax(0.0, last)));
     }
     click(section, kFoldMark);
-    awaitFold();
+    awaitFold(target);
 }
 
 void Scene::pressReset(const QString &section)

@@ -36,9 +36,9 @@ public:
     void openPopup(const QString &popup);
     void awaitOpened(const QString &popup) const;
     void awaitClosed(const QString &popup) const;
-    // Lets a fold, which takes 200 ms, come to its end.
-    void awaitFold() const;
-    // Scrolls a page to the given part of its way, 0 to 1.
+    // Lets the fold of a section come to its end.
+    void awaitFold(const QQuickItem *section) const;
+    // Scrolls a page to the given part of its way, 0 to 1, when what it holds has its height.
     void scrollTo(const QString &page, double part);
 
     // Fold mark and reset of a section, which stand at the same places on every page. A section out of sight is
@@ -56,6 +56,8 @@ public:
 
 private:
     void pressAt(const QPoint &place);
+    // Columns take their height with the next frame, and a fold goes on for some more.
+    static void awaitLayout(const QQuickItem *view);
     static QPoint placeIn(QQuickItem *target, const QPoint &place);
 
     PanelHarness m_panel;
