@@ -67,6 +67,7 @@ private slots:
     void rowsOfTheForm_data();
     void rowsOfTheForm();
     void panelLogsItsReports();
+    void panelLogsConnectAndSave();
     void spinnerTurns();
 
 private:
@@ -342,6 +343,36 @@ void TestWindow::panelLogsItsReports()
                                "onRefreshConnectionData: -1 999 na false A 10.0.5.9",
                                "onMarkHLNPDataRed"};
     QCOMPARE(Messages::logs(), expected);
+}
+
+void TestWindow::panelLogsConnectAndSave()
+{
+    h->click("btnConnect");
+    QVERIFY(h->standsOpen("popupConnect"));
+    emit facade->refreshConnectionData(999, "na", false, "A", "10.1.1.9", "M", "G", "N", "P", "S");
+    const auto linesOf = [this](const char *button) {
+        Messages::logs().clear();
+        h->click(button);
+        return Messages::logs();
+    };
+    QCOMPARE(linesOf("btnConnectConnect"), QStringList{"ip vs card= 192.168.72. 10.1.1.9"});
+    emit facade->refreshConnectionData(999, "na", false, "A", "192.168.72.9", "M", "G", "N", "P", "S");
+    facade->connectResult = "Ethernet not Connected!";
+    QCOMPARE(linesOf("btnConnectConnect"), QStringList{"device connect: Ethernet not Connected!"});
+    h->eval("didScan = true");
+    const QString port = "comboConnectComPort.currentText= [192.168.72.10] enp3s0";
+    QCOMPARE(linesOf("btnConnectSave"), (QStringList{port, "Not doing reboot!"}));
+    // What is refused before the call has no second line, and the press none at all.
+    h->eval("txtMacaddr.text = ''");
+    Messages::logs().clear();
+    h->press("btnConnectSave");
+    QCOMPARE(Messages::logs(), QStringList());
+    h->release("btnConnectSave");
+    QCOMPARE(Messages::logs(), QStringList{port});
+    // The serial link tells its result on the screen alone.
+    h->choose("comboConnectInterface", 1);
+    QCOMPARE(linesOf("btnConnectConnect"), QStringList());
+    QCOMPARE(h->text("msgConnect.text"), QStringLiteral("Ethernet not Connected!"));
 }
 
 void TestWindow::spinnerTurns()

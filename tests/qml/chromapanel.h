@@ -106,14 +106,6 @@ public:
     }
 };
 
-// Locales whose number fields take a group sign, and the one of a machine that names none: QFETCH(QString, locale).
-inline void listLocales()
-{
-    QTest::addColumn<QString>("locale");
-    for (const char *locale : {"C", "en_US", "zh_TW", "zh_CN"})
-        QTest::newRow(locale) << locale;
-}
-
 // A row of the page: what its number field and its slider send with %1 in the place of the row's value.
 struct ChromaRow
 {

@@ -32,3 +32,11 @@ private:
     QQmlEngine m_engine;
     std::unique_ptr<QObject> m_root;
 };
+
+// Locales whose number fields take a group sign, and the one of a machine that names none: QFETCH(QString, locale).
+inline void listLocales()
+{
+    QTest::addColumn<QString>("locale");
+    for (const char *locale : {"C", "en_US", "zh_TW", "zh_CN"})
+        QTest::newRow(locale) << locale;
+}

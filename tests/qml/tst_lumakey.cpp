@@ -16,6 +16,8 @@ private slots:
     void everyRowGoesThroughTheThrottle();
     void typedNumberGoesTheDirectWay_data();
     void typedNumberGoesTheDirectWay();
+    void groupSignsShowTheirNumber_data() { listLocales(); }
+    void groupSignsShowTheirNumber();
     void mainSwitchAppliesTheSets();
     void radioChoosesOnRelease_data();
     void radioChoosesOnRelease();
@@ -50,6 +52,7 @@ void TestLumakey::cleanup()
 {
     QCOMPARE(Messages::warnings(), QStringList());
     h.reset();
+    QLocale::setDefault(QLocale::c());
 }
 
 // As the unit tells on connect; moves no slider, so nothing is sent back.
@@ -207,6 +210,27 @@ void TestLumakey::typedNumberGoesTheDirectWay()
     QCOMPARE(h->facade.calls, (QStringList{sent, "msecSleep(100)", "getLumaKey()"}));
     QCOMPARE(h->number(id + ".sliderValue"), 0);
     QCOMPARE(Messages::logs().filter("TExtFieldChanged"), told.isEmpty() ? QStringList() : QStringList{told});
+}
+
+// A number goes out as it is shown, group signs or not.
+void TestLumakey::groupSignsShowTheirNumber()
+{
+    QFETCH(QString, locale);
+    QLocale::setDefault(QLocale(locale));
+    h.reset();
+    init();
+    const QVector<QPair<const char *, const char *>> rows{
+        {"auxLumakeyCutoff", "setLumaKey(false, 0, 1000, 0, 0, 0, 0)"},
+        {"auxLumakeySoftness", "setLumaKey(false, 0, 0, 1000, 0, 0, 0)"},
+        {"auxLumakeyOpacity", "setLumaKey(false, 0, 0, 0, 0, 0, 1000)"}};
+    for (const auto &row : rows) {
+        h->facade.forget();
+        h->typeInto(QLatin1String(row.first) + ".itemText", "1,000");
+        QCOMPARE(h->facade.calls.value(0), QLatin1String(row.second));
+        // The slider, and with it the field, waits for the unit's answer.
+        QCOMPARE(h->text(QLatin1String(row.first) + ".textValue"), QStringLiteral("1,000"));
+        QCOMPARE(h->number(QLatin1String(row.first) + ".sliderValue"), 0);
+    }
 }
 
 void TestLumakey::mainSwitchAppliesTheSets()

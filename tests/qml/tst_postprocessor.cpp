@@ -18,7 +18,9 @@ private slots:
     void redBlackSendsTheGroupOfBefore();
     void typedNumberGoesTheDirectWay_data();
     void typedNumberGoesTheDirectWay();
-    void negativeHueTravels();
+    void hueGoesBelowZero();
+    void hueStopsAtItsEnds_data();
+    void hueStopsAtItsEnds();
     void groupSignsShowTheirNumber_data();
     void groupSignsShowTheirNumber();
     void foldTakesItsTime();
@@ -250,9 +252,7 @@ void TestPostProcessor::typedNumberGoesTheDirectWay()
 // The validator reads a number by the language of the machine, and takes its group signs.
 void TestPostProcessor::groupSignsShowTheirNumber_data()
 {
-    QTest::addColumn<QString>("locale");
-    for (const char *locale : {"C", "en_US", "zh_TW", "zh_CN"})
-        QTest::newRow(locale) << locale;
+    listLocales();
 }
 
 void TestPostProcessor::groupSignsShowTheirNumber()
@@ -312,10 +312,52 @@ void TestPostProcessor::nothingMovesWithTheLanguage()
     }
 }
 
-void TestPostProcessor::negativeHueTravels()
+void TestPostProcessor::hueGoesBelowZero()
 {
-    h->typeInto("ppfgHue.itemText", "-180");
-    QCOMPARE(h->facade.calls.first(), QStringLiteral("setPPFGPostAmp(true, 500, 500, 500, -180)"));
+    h->click("ppfgHue.itemButtonDecrease");
+    h->click("ppfgHue.itemButtonDecrease");
+    QCOMPARE(h->number("ppfgHue.sliderValue"), -2);
+    QCOMPARE(h->text("ppfgHue.textValue"), QStringLiteral("-2"));
+    QTRY_COMPARE(h->facade.calls, QStringList{"setPPFGPostAmp(true, 500, 500, 500, -2)"});
+    h->facade.forget();
+    h->typeInto("ppfgHue.itemText", "-45");
+    QCOMPARE(h->facade.calls.first(), QStringLiteral("setPPFGPostAmp(true, 500, 500, 500, -45)"));
+}
+
+void TestPostProcessor::hueStopsAtItsEnds_data()
+{
+    QTest::addColumn<int>("end");
+    QTest::addColumn<QString>("button");
+    QTest::newRow("lowest") << -180 << "ppfgHue.itemButtonDecrease";
+    QTest::newRow("highest") << 180 << "ppfgHue.itemButtonIncrease";
+}
+
+void TestPostProcessor::hueStopsAtItsEnds()
+{
+    QFETCH(int, end);
+    QFETCH(QString, button);
+    const QString sent = QStringLiteral("setPPFGPostAmp(true, 500, 500, 500, %1)").arg(end);
+    const int beyond = end < 0 ? end - 1 : end + 1;
+    // The digit that would leave the range is not taken, the end itself is.
+    h->typeInto("ppfgHue.itemText", QString::number(beyond), Qt::Key_unknown);
+    QCOMPARE(h->text("ppfgHue.textValue"), QString::number(beyond / 10));
+    h->typeInto("ppfgHue.itemText", QString::number(end));
+    QCOMPARE(h->facade.calls.value(0), sent);
+    h->facade.forget();
+    // Dragged past the end of the groove, the handle stands on it, and a step more moves nothing.
+    const QPoint from = h->handleAt("ppfgHue", 0);
+    h->press(from);
+    h->move(from + QPoint(end < 0 ? -400 : 400, 0));
+    h->release(from + QPoint(end < 0 ? -400 : 400, 0));
+    QCOMPARE(h->number("ppfgHue.sliderValue"), end);
+    QCOMPARE(h->text("ppfgHue.textValue"), QString::number(end));
+    QTRY_VERIFY(!h->flag("timerPPSliderCommand.running"));
+    QCOMPARE(h->facade.calls.last(), sent);
+    h->facade.forget();
+    h->click(button);
+    QTest::qWait(120);
+    QCOMPARE(h->number("ppfgHue.sliderValue"), end);
+    QCOMPARE(h->facade.calls, QStringList());
 }
 
 void TestPostProcessor::switchTurnsTheSectionOffAndOn_data()

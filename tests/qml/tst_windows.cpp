@@ -32,6 +32,8 @@ private slots:
     void foldMarkDoesNothing();
     void languageChangesThePictures_data() { pages(); }
     void languageChangesThePictures();
+    void invertOutlivesTheLanguage_data() { pages(); }
+    void invertOutlivesTheLanguage();
     void nothingMovesWithTheLanguage_data() { pages(); }
     void nothingMovesWithTheLanguage();
 
@@ -326,6 +328,35 @@ void TestWindows::languageChangesThePictures()
     QVERIFY(Messages::logs().contains(garbage ? "onLanguageChanged(Garbage)" : "onLanguageChanged(Holdout)"));
     refresh(true, 1, 0, 0, 0, 0, 0);
     QCOMPARE(h->face(invertButton + "Image.source"), QStringLiteral("CN/btn_switch_on_dashboard"));
+    close();
+}
+
+// The picture of the invert goes off with each switch, its state stays; clicks read the state, not the picture.
+void TestWindows::invertOutlivesTheLanguage()
+{
+    open();
+    refresh(true, 1, 1, 2, 3, 4, 5);
+    QTRY_COMPARE(h->facade.calls.size(), 1);
+    const QVector<QStringList> languages{
+        {"zh_TW", "TW/", "反相:"}, {"zh_CN", "CN/", "反相:"}, {"en_US", "", "Invert:"}};
+    for (const QStringList &it : languages) {
+        h->facade.forget();
+        h->translator.setTranslation(it.at(0));
+        QCOMPARE(h->text(invertTitle + ".text"), it.at(2));
+        QCOMPARE(h->face(invertButton + "Image.source"), it.at(1) + "btn_switch_off_dashboard");
+        QVERIFY(h->flag(inverted));
+        QVERIFY(h->flag(invertButton + ".enabled"));
+        QTest::qWait(120);
+        QCOMPARE(h->facade.calls, QStringList());
+        h->click(invertButton);
+        QVERIFY(!h->flag(inverted));
+        QCOMPARE(h->face(invertButton + "Image.source"), it.at(1) + "btn_switch_off_dashboard");
+        QTRY_COMPARE(h->facade.calls, QStringList{sent("true, 0, 1, 2, 3, 4, 5")});
+        h->click(invertButton);
+        QVERIFY(h->flag(inverted));
+        QCOMPARE(h->face(invertButton + "Image.source"), it.at(1) + "btn_switch_on_dashboard");
+        QTRY_COMPARE(h->facade.calls.last(), sent("true, 1, 1, 2, 3, 4, 5"));
+    }
     close();
 }
 
