@@ -31,5 +31,9 @@ ExitCode loadMemory(Session &session);
 ExitCode saveMemory(Session &session);
 ExitCode automaticKey(Session &session);
 ExitCode pickKey(Session &session);
+ExitCode saveShow(Session &session);
+ExitCode loadShowFile(Session &session);
+ExitCode compareShows(Session &session);
+ExitCode printSchema(Session &session);
 
 } // namespace ctl

@@ -29,6 +29,12 @@ const QVector<Command> &commands()
         {"memory save", "N", "Keeps the present state in memory 1 to 8.", 1, 1, saveMemory},
         {"key auto", "[AutoDef|AutoBack]", "Has the unit find the key by itself.", 0, 1, automaticKey},
         {"key pick", "X Y", "Keys on the colour at this place of the output picture.", 2, 2, pickKey},
+        {"show save", "FILE", "Writes the whole look of the unit into a file.", 1, 1, saveShow},
+        {"show load", "FILE", "Sends what differs; FILE.before keeps the look from before.", 1, 1,
+         loadShowFile},
+        {"show diff", "FILE [FILE]", "What two looks hold differently: file and unit, or two files.", 1, 2,
+         compareShows},
+        {"show schema", "", "The schema of these files; needs no unit.", 0, 0, printSchema},
     };
     return list;
 }
@@ -44,6 +50,8 @@ Options::Options()
               "panel's own."),
          text("file")},
         {text("json"), text("Print JSON instead of tables.")},
+        {text("only"), text("Of a show, only these functions; apart by commas."), text("functions")},
+        {text("dry-run"), text("Of show load: tell what would be sent, and send nothing.")},
         {text("timeout"), text("Give up after so long."), text("seconds")},
         {text("verbose"), text("Show the log of the link on standard error.")},
         {{text("h"), text("help")}, text("Print this and end.")},
@@ -86,6 +94,8 @@ QString Options::readValues()
     m_request.serial = m_parser.value(QStringLiteral("serial"));
     m_request.profile = m_parser.value(QStringLiteral("profile"));
     m_request.json = m_parser.isSet(QStringLiteral("json"));
+    m_request.dryRun = m_parser.isSet(QStringLiteral("dry-run"));
+    m_request.only = m_parser.value(QStringLiteral("only")).split(QLatin1Char(','), Qt::SkipEmptyParts);
     int places = 0;
     for (const char *name : {"host", "serial", "profile"}) {
         const QString option = QLatin1String(name);
