@@ -66,5 +66,7 @@ QString escapedForLog(const QString &text)
 
 void escapeLogLines()
 {
-    usualHandler = qInstallMessageHandler(writeEscaped);
+    const QtMessageHandler before = qInstallMessageHandler(writeEscaped);
+    if (before != writeEscaped) // called again, it would become its own usual handler
+        usualHandler = before;
 }

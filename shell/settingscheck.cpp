@@ -53,7 +53,7 @@ bool goesOnWithout(const SettingsObstacle &obstacle)
     const QPushButton *goOn = nullptr;
     if (obstacle.kind == SettingsObstacle::Lock) {
         box.setInformativeText(QStringLiteral(
-            "Without it the panel works as usual, but stores nothing until the lock is gone."));
+            "The panel can also start now: it works as usual, but stores nothing until the lock is gone."));
         goOn = box.addButton(QStringLiteral("Start Without Storing"), QMessageBox::AcceptRole);
     }
     box.setDefaultButton(box.addButton(QStringLiteral("Quit"), QMessageBox::RejectRole));

@@ -59,6 +59,17 @@ private slots:
         QCOMPARE(noquote, QStringLiteral("a\\nb"));
         QCOMPARE(last, QStringLiteral("c\\u001b"));
     }
+
+    // Asked for twice, the lines still go to the usual handler, and once.
+    void aSecondCallChangesNothing()
+    {
+        const QtMessageHandler before = qInstallMessageHandler(keep);
+        escapeLogLines();
+        escapeLogLines();
+        qWarning("a\nb");
+        qInstallMessageHandler(before);
+        QCOMPARE(last, QStringLiteral("a\\nb"));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestLogText)
