@@ -20,6 +20,7 @@ private slots:
     void aFloodFillsNoMemory();
     void aLostLinkIsSilentOnStandardError_data();
     void aLostLinkIsSilentOnStandardError();
+    void whatArrivedBeforeTheLinkFellIsRead();
     void aTerminalThatHangsUpShowsInThePollAlone();
 };
 
@@ -210,6 +211,30 @@ void HostileLinkTest::aLostLinkIsSilentOnStandardError()
     QCOMPARE(bench.device->isConnected, heals);
     QCOMPARE(bench.broken.isEmpty(), heals);
     VERIFY_BETWEEN(elapsed, heals ? 50 : 1800, heals ? 1500 : 6000);
+}
+
+// A late reply lies in the socket when the unit goes away: the exchange that finds the link down takes it for its own,
+// as it would with the link up, and the next one finds the loss.
+void HostileLinkTest::whatArrivedBeforeTheLinkFellIsRead()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.withUnit(
+        [](standin::Unit &unit) { unit.setData(standin::Angle, QByteArray::fromHex("0102")); });
+    QByteArray ask = QByteArray::fromHex("000603005154");
+    QByteArray reply;
+    bench.host.setFault(standin::Angle, standin::Fault::late(1200, 1));
+    QCOMPARE(bench.device->hlnpIO(&ask, &reply), -1);
+    QVERIFY(QTest::qWaitFor([&bench] { return bench.socket()->bytesAvailable() > 0; }));
+    bench.device->isConnected = true;
+    bench.broken.clear();
+    bench.host.drop();
+    QTest::qSleep(100); // the event loop does not see it
+
+    bench.device->getEdgeFix(kNetworkLink);
+    QCOMPARE(bench.device->edge_ShrinkLeft, 2U);
+    QVERIFY(bench.device->isConnected);
+    QVERIFY(bench.broken.isEmpty());
 }
 
 void HostileLinkTest::aTerminalThatHangsUpShowsInThePollAlone()
