@@ -231,7 +231,12 @@ ApplicationWindow {
 
     // ---------------------------------------------------------------- frame and pages
 
-    Image { source: "qrc:/img/pc/img_bg_02_dashboard.png" }
+    // One colour, and the bands below cover all of it: a single dot of it is kept, drawn in full size.
+    Image {
+        anchors.fill: parent
+        source: "qrc:/img/pc/img_bg_02_dashboard.png"
+        sourceSize { width: 1; height: 1 }
+    }
 
     Column {
         anchors.fill: parent

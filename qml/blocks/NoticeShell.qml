@@ -1,5 +1,4 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
 import "."
 
 // The shell of all notices: title, sign, and whatever stands in the notice (a NoticeText, buttons).
@@ -10,6 +9,8 @@ PopupFrame {
     property alias sign: signImage.source
 
     source: "qrc:/img/pc/img_bg_notify.png"
+    width: 520
+    height: 300
     closable: false
     dimness: 0.40
 

@@ -1,15 +1,17 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "."
 
-// The shell of every modal popup: one picture as its ground, centred on its parent, fading in.
+// The shell of every modal popup: one picture as its ground, centred on its parent, fading in. The ground is loaded
+// while the popup is seen: most are never opened in a run. So the width and height of the picture are written down
+// where its name is, and nothing moves when it comes.
 //
-// Properties: source (the ground), dimness (how dark the screen behind it gets), title, closable (a close
+// Properties: source, width, height (of the ground), dimness (how dark the screen behind it gets), title, closable (a close
 // cross at the top right); all of Popup. Children are placed on the ground in its own pixels.
-Popup {
+T.Popup {
     id: popupFrame
 
-    property alias source: ground.source
+    property url source
     property alias title: titleText.text
     property alias closable: closeImage.visible
     property real dimness: 0.55
@@ -19,14 +21,13 @@ Popup {
     focus: true
     padding: 0
     font.pixelSize: Math.max(1, height * 0.03)
-    closePolicy: Popup.CloseOnEscape | Popup.CloseOnPressOutside
+    closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0.0; to: 1.0 }
     }
-    background: Item {}
-    contentItem: Image { id: ground }
+    contentItem: Image { source: popupFrame.visible ? popupFrame.source : "" }
 
-    Overlay.modal: Rectangle { color: Qt.rgba(0, 0, 0, popupFrame.dimness) }
+    T.Overlay.modal: Rectangle { color: Qt.rgba(0, 0, 0, popupFrame.dimness) }
 
     PanelText {
         id: titleText

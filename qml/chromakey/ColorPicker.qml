@@ -1,5 +1,5 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "../blocks"
 
 // Picks the key colour from the picture itself. The panel shows no picture: the pad steers the unit's cursor
@@ -114,10 +114,12 @@ PopupFrame {
         close()
     }
 
-    parent: Overlay.overlay
+    parent: T.Overlay.overlay
     source: sourcePath + "img_bg_pick_color_chromakey.png"
+    width: 522
+    height: 522
     closable: false
-    closePolicy: Popup.CloseOnEscape
+    closePolicy: T.Popup.CloseOnEscape
     onClosed: timerMouseMovingCommand.stop()
 
     Timer {

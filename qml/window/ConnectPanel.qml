@@ -137,6 +137,8 @@ PopupFrame {
     }
 
     source: "qrc:/img/pc/img_bg_connect.png"
+    width: 660
+    height: 720
     title: qsTranslate("main", "CONNECT") + qmlTranslator.e_str
     onClosed: recHeader.connectClosed()
 

@@ -27,6 +27,8 @@ PopupFrame {
     }
 
     source: "qrc:/img/pc/img_bg_setup.png"
+    width: 500
+    height: 450
     title: qsTranslate("main", "SETUP") + qmlTranslator.e_str
     onClosed: {
         recHeader.setupClosed()

@@ -1,10 +1,10 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import ".."
 
-// Stands over everything but the header while no unit is connected. The default padding would push the
-// arrow off the Connect button.
-Popup {
+// Stands over everything but the header while no unit is connected. Any padding would push the arrow off the
+// Connect button.
+T.Popup {
     id: startMask
 
     property alias maskbusy: maskbusy
@@ -16,7 +16,7 @@ Popup {
     height: mainWindow.height - 48
     padding: 0
     focus: true
-    closePolicy: Popup.NoAutoClose
+    closePolicy: T.Popup.NoAutoClose
     font.pixelSize: Math.max(1, height * 0.03)
     background: Rectangle {
         color: "black"

@@ -1,5 +1,5 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "../blocks"
 
 // The link is lost: connect again at once, or by way of the connection panel.
@@ -13,7 +13,7 @@ NoticeShell {
     heading: qsTranslate("main", "WARNING") + qmlTranslator.e_str
     sign: "qrc:/img/pc/img_notify_error.png"
     dimness: 0.55
-    closePolicy: Popup.CloseOnEscape
+    closePolicy: T.Popup.CloseOnEscape
 
     NoticeText { id: txtWarningMsg }
 

@@ -10,6 +10,7 @@ class TestLook : public QObject
 private slots:
     void startsWithMask();
     void standsWhereThePicturesExpect();
+    void keepsAGroundWhileItsPopupIsSeen();
     void drawsEveryState_data();
     void drawsEveryState();
     void movesOnlyTheWords();
@@ -62,6 +63,34 @@ void TestLook::standsWhereThePicturesExpect()
     h.eval("popupSetupSaveFinished.open()");
     QVERIFY(h.standsOpen("popupSetupSaveFinished"));
     QCOMPARE(h.corner("btnSetupSaveFinished"), QPoint(628, 446));
+}
+
+// The grounds are large, and most popups stay closed for a whole run. A popup has its size before its ground comes.
+void TestLook::keepsAGroundWhileItsPopupIsSeen()
+{
+    PanelFacade facade;
+    PanelHarness h(&facade);
+    QVERIFY(h.show());
+    // Each before the one in it, which opens in it.
+    const QStringList popups{
+        "popupWarning",        "popupConnect",           "popupDisConnect",       "popupSetup",
+        "popupFactoryDefault", "popupSetupSaveFinished", "popupSetupFactoryReset"};
+    for (const QString &popup : popups) {
+        const QString ground = popup + QStringLiteral(".contentItem");
+        QCOMPARE(h.text(ground + QStringLiteral(".source")), QString());
+        const QSize closed(h.number(popup + QStringLiteral(".width")),
+                           h.number(popup + QStringLiteral(".height")));
+        h.eval(popup + QStringLiteral(".open()"));
+        QVERIFY2(h.standsOpen(popup), qPrintable(popup));
+        QCOMPARE(QSize(h.number(ground + QStringLiteral(".implicitWidth")),
+                       h.number(ground + QStringLiteral(".implicitHeight"))),
+                 closed);
+    }
+    for (const QString &popup : popups) {
+        h.eval(popup + QStringLiteral(".close()"));
+        QVERIFY2(h.standsClosed(popup), qPrintable(popup));
+        QCOMPARE(h.text(popup + QStringLiteral(".contentItem.source")), QString());
+    }
 }
 
 void TestLook::drawsEveryState_data()
