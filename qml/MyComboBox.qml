@@ -1,11 +1,11 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "blocks"
 
 // The dark drop-down. The list is 300 high however few rows it holds.
 //
 // Properties: popupHeight, popupVisible, txtColor; all of ComboBox.
-ComboBox {
+T.ComboBox {
     id: thiscombo
 
     property alias popupHeight: myComboPopup.height
@@ -16,14 +16,13 @@ ComboBox {
     }
 
     font.pixelSize: 18
-    padding: 0
     spacing: 6
+    rightPadding: indicator.width + spacing
 
-    delegate: ItemDelegate {
+    delegate: T.ItemDelegate {
         width: thiscombo.width
         height: thiscombo.height
         text: modelData
-        padding: 0
         leftPadding: 5
         rightPadding: 6
         topPadding: Look.textTop
@@ -83,15 +82,13 @@ ComboBox {
     }
 
     background: Rectangle {
-        implicitWidth: 150
-        implicitHeight: 32
         color: Look.fieldGround
         border.color: thiscombo.pressed ? Look.fieldBorder : "#0C0C0C"
         border.width: thiscombo.visualFocus ? 2 : 1
         radius: 2
     }
 
-    popup: Popup {
+    popup: T.Popup {
         id: myComboPopup
         y: thiscombo.height - 1
         width: thiscombo.width
@@ -104,8 +101,9 @@ ComboBox {
             boundsBehavior: Flickable.StopAtBounds
             model: thiscombo.popup.visible ? thiscombo.delegateModel : null
             currentIndex: thiscombo.highlightedIndex
-            ScrollIndicator.vertical: ScrollIndicator {
+            T.ScrollIndicator.vertical: T.ScrollIndicator {
                 id: scrollMark
+                implicitWidth: 6
                 padding: 1
                 contentItem: Rectangle {
                     implicitWidth: 4

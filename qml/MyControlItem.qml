@@ -1,5 +1,5 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "blocks"
 
 // One row of a page: title, slider, minus and plus, number field.
@@ -73,7 +73,7 @@ Image {
             anchors.verticalCenter: parent.verticalCenter
         }
 
-        Label {
+        T.Label {
             id: dummyPlaceHolder
             width: 10
         }

@@ -1,10 +1,13 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "blocks"
 
 // The spinner of the start-up mask: eight dots on a circle, one turn in six seconds.
-BusyIndicator {
+T.BusyIndicator {
     id: control
+
+    implicitWidth: contentItem.implicitWidth
+    implicitHeight: contentItem.implicitHeight
 
     contentItem: Item {
         implicitWidth: 64

@@ -1,14 +1,14 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "."
 
 // The scroll bar of a page, 12 wide: the handle is 8 wide and turns blue while it is dragged.
-ScrollBar {
+T.ScrollBar {
     id: darkScrollBar
 
     implicitWidth: 12
     padding: 2
-    policy: ScrollBar.AlwaysOn
+    policy: T.ScrollBar.AlwaysOn
     minimumSize: 0.05
 
     background: Rectangle { color: "#060A12" }

@@ -1,11 +1,11 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "."
 
 // A dark text field. Text stands flush left, 6 from the edge.
 //
 // Properties: all of TextField; defaults are 18 px, the normal colour, selectByMouse.
-TextField {
+T.TextField {
     implicitHeight: 32
     leftPadding: 6
     rightPadding: 6

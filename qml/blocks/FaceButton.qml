@@ -1,19 +1,17 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 
 // A button whose whole look is one picture; the user of the block changes the picture with the state.
 //
 // Properties: source (the picture); all of Button (onClicked, onPressedChanged, enabled).
 // A page that names the picture itself gives its own background instead:
 //     FaceButton { id: btnReset; background: Image { id: btnResetImage; source: ... } }
-Button {
+T.Button {
     id: faceButton
 
     property url source
 
     implicitWidth: background ? background.implicitWidth : 0
     implicitHeight: background ? background.implicitHeight : 0
-    padding: 0
     background: Image { source: faceButton.source }
-    contentItem: Item {}
 }

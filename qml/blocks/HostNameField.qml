@@ -1,5 +1,4 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
 
 // The host name of a unit. A name comes from the network and may be anything: characters that turn the
 // reading direction, so that one unit could pose as another, and control characters are shown as marks, and

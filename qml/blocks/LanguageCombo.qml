@@ -1,23 +1,21 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "."
 
 // The small drop-down of the header. It is always set in the Latin family: its entries name themselves.
 //
 // Properties: all of ComboBox.
-ComboBox {
+T.ComboBox {
     id: languageCombo
 
     width: 93
     height: 40
-    padding: 0
     font.family: "Calribri"
     font.pixelSize: 14
 
-    delegate: ItemDelegate {
+    delegate: T.ItemDelegate {
         width: languageCombo.width
         height: languageCombo.height
-        padding: 0
         leftPadding: 8
         highlighted: languageCombo.highlightedIndex === index
         contentItem: Text {
@@ -51,9 +49,10 @@ ComboBox {
         radius: 2
     }
 
-    popup: Popup {
+    popup: T.Popup {
         y: languageCombo.height
         width: languageCombo.width
+        implicitHeight: contentHeight + topPadding + bottomPadding
         padding: 1
         contentItem: ListView {
             clip: true

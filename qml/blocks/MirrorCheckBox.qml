@@ -1,15 +1,13 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "."
 
 // A check box of the output band, as wide in every language.
-CheckBox {
+T.CheckBox {
     id: mirrorCheckBox
 
     width: 75
     height: 30
-    padding: 0
-    spacing: 6
     indicator: Image {
         y: (mirrorCheckBox.height - height) / 2
         source: mirrorCheckBox.checked ? "qrc:/img/pc/btn_p_checkbox_output.png"
@@ -22,5 +20,4 @@ CheckBox {
         color: mirrorCheckBox.enabled ? Look.entry : "#6B7380"
         font.pixelSize: 18
     }
-    background: Item {}
 }

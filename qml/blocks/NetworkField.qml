@@ -1,5 +1,4 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
 
 // A field of a unit's network settings. A red text is nearly lost on the dark ground, so a bar on the left
 // edge carries the mark as well.

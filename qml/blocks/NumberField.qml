@@ -1,5 +1,4 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
 
 // A field for a whole number from lowest to highest, 106 x 40.
 //

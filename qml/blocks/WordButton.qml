@@ -1,11 +1,11 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "."
 
 // A button on a bare face, for words that have no picture.
 //
 // Properties: source (the face); all of Button. Items: word.
-Button {
+T.Button {
     id: wordButton
 
     property alias source: face.source
@@ -13,7 +13,6 @@ Button {
 
     implicitWidth: face.implicitWidth
     implicitHeight: face.implicitHeight
-    padding: 0
     background: Image { id: face }
     contentItem: PanelText {
         id: word

@@ -1,5 +1,5 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "../blocks"
 import "Command.js" as Command
 
@@ -100,7 +100,7 @@ GroupSection {
             onClicked: choose(2)
         }
 
-        CheckBox {
+        T.CheckBox {
             id: checkboxSpillSup
             x: 572
             visible: false
@@ -124,7 +124,7 @@ GroupSection {
         visible: false
         title: qsTranslate("PageChromakey", "Spill Enhance:") + qmlTranslator.e_str
 
-        CheckBox {
+        T.CheckBox {
             id: checkboxVivid
             x: 880
             visible: false
