@@ -392,7 +392,6 @@ void TestPicker::facesFollowTheLanguage()
     const QPoint place = h->middle(h->item("btnColorPickerOK"));
     h->press(place);
     QCOMPARE(h->face("btnColorPickerOK.source"), folder + "btn_p_ok_adjust_color");
-    h->grab(h->window->contentItem(), "picker-" + language);
     h->move(QPoint(700, 100));
     h->release(QPoint(700, 100));
     QVERIFY(isOpen());

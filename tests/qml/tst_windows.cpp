@@ -364,17 +364,13 @@ void TestWindows::nothingMovesWithTheLanguage()
 {
     open();
     refresh(true, 0, 120, 905, 64, 1000, 8);
-    const QString name = garbage ? "garbage-" : "holdout-";
     for (const char *language : {"en_US", "zh_TW", "zh_CN"}) {
         h->translator.setTranslation(language);
-        QVERIFY(!h->grab(h->window->contentItem(), name + language).isNull());
         QCOMPARE(h->at(h->item("btnWindowSwitch"), 0, 0), QPoint(504, 180));
         QCOMPARE(h->at(h->item("btnWindowReset"), 0, 0), QPoint(1206, 177));
         QCOMPARE(h->at(h->item(row(0) + ".itemSlider"), 0, 0), QPoint(444, 266));
         QCOMPARE(h->at(h->item(invertButton), 0, 0), QPoint(504, 624));
     }
-    refresh(false, 1, 120, 905, 64, 1000, 8);
-    QVERIFY(!h->grab(h->window->contentItem(), name + "off").isNull());
     close();
 }
 
