@@ -12,17 +12,6 @@ private slots:
     void rowTitlesAndRanges();
     void sectionTitlesAndHeights();
     void loadingSendsNothing();
-    void everyRowSendsItsGroup_data();
-    void everyRowSendsItsGroup();
-    void redBlackAloneSendsNothingAtTheStart();
-    void redBlackSendsTheGroupOfBefore();
-    void typedNumberGoesTheDirectWay_data();
-    void typedNumberGoesTheDirectWay();
-    void hueGoesBelowZero();
-    void hueStopsAtItsEnds_data();
-    void hueStopsAtItsEnds();
-    void groupSignsShowTheirNumber_data();
-    void groupSignsShowTheirNumber();
     void foldTakesItsTime();
     void scrollContentStandsInItsPlace();
     void nothingMovesWithTheLanguage();
@@ -33,11 +22,8 @@ private slots:
     void refreshOfPostAmp();
     void refreshOfCorrector();
     void refreshOfBlur();
-    void negativeHueOfTheUnitGoesToTheEnd();
     void sectionsFold_data();
     void sectionsFold();
-    void throttleOpensOneWindow();
-    void pollingIsNotTouched();
     void languageChangesThePictures();
     void scrollsToTheEnd();
     void stillPageDrawsNothing();
@@ -58,7 +44,6 @@ void TestPostProcessor::cleanup()
 {
     QCOMPARE(Messages::warnings(), QStringList());
     h.reset();
-    QLocale::setDefault(QLocale::c());
 }
 
 namespace {
@@ -137,135 +122,6 @@ void TestPostProcessor::loadingSendsNothing()
     QCOMPARE(h->number("commandIndex"), 0);
 }
 
-void TestPostProcessor::everyRowSendsItsGroup_data()
-{
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<int>("command");
-    QTest::addColumn<QString>("sent");
-    QTest::newRow("hue") << "ppfgHue" << 1 << "setPPFGPostAmp(true, 500, 500, 500, 1)";
-    QTest::newRow("saturation") << "ppfgSaturation" << 1 << "setPPFGPostAmp(true, 500, 500, 501, 0)";
-    QTest::newRow("contrast") << "ppfgContrast" << 1 << "setPPFGPostAmp(true, 500, 501, 500, 0)";
-    QTest::newRow("brightness") << "ppfgBrightness" << 1 << "setPPFGPostAmp(true, 501, 500, 500, 0)";
-    QTest::newRow("red white") << "ppfgRWhiteLevel" << 2 << "setPPFGRGBCorrect(true, 1, 0, 0, 0, 0, 0)";
-    QTest::newRow("green white") << "ppfgGWhiteLevel" << 2 << "setPPFGRGBCorrect(true, 0, 0, 1, 0, 0, 0)";
-    QTest::newRow("green black") << "ppfgGBlackLevel" << 2 << "setPPFGRGBCorrect(true, 0, 0, 0, 1, 0, 0)";
-    QTest::newRow("blue white") << "ppfgBWhiteLevel" << 2 << "setPPFGRGBCorrect(true, 0, 0, 0, 0, 1, 0)";
-    QTest::newRow("blue black") << "ppfgBBlackLevel" << 2 << "setPPFGRGBCorrect(true, 0, 0, 0, 0, 0, 1)";
-    QTest::newRow("blur level") << "ppbgBlurValue" << 3 << "setBGBlur(true, 1, 0)";
-    QTest::newRow("blur time") << "ppbgBlurTime" << 3 << "setBGBlur(true, 0, 1)";
-}
-
-void TestPostProcessor::everyRowSendsItsGroup()
-{
-    QFETCH(QString, id);
-    QFETCH(int, command);
-    QFETCH(QString, sent);
-    // Brings the row into sight.
-    h->eval("scrollContent.contentItem.contentY = Math.min(" + id
-            + ".mapToItem(pagePP_ContentArea01, 0, 0).y, "
-              "scrollContent.contentHeight - 610)");
-    const qint64 start = h->facade.now();
-    h->click(h->item(id + ".itemButtonIncrease"));
-    QCOMPARE(h->facade.calls, QStringList());
-    QTRY_COMPARE(h->facade.calls, QStringList{sent});
-    QVERIFY(h->facade.times.first() - start >= 49);
-    QCOMPARE(h->number("commandIndex"), command);
-    if (command == 3)
-        QVERIFY(Messages::logs().filter("Command BG Blur ").size() == 1);
-}
-
-void TestPostProcessor::redBlackAloneSendsNothingAtTheStart()
-{
-    h->eval("scrollContent.contentItem.contentY = 300");
-    h->click("ppfgRBlackLevel.itemButtonIncrease");
-    QCOMPARE(h->number("ppfgRBlackLevel.sliderValue"), 1);
-    QTest::qWait(150);
-    QCOMPARE(h->facade.calls, QStringList());
-    QCOMPARE(h->number("commandIndex"), 0);
-}
-
-void TestPostProcessor::redBlackSendsTheGroupOfBefore()
-{
-    h->eval("scrollContent.contentItem.contentY = 300");
-    h->eval("ppbgBlurTime.sliderValue = 3");
-    QTRY_COMPARE(h->facade.calls, QStringList{"setBGBlur(true, 0, 3)"});
-    h->click("ppfgRBlackLevel.itemButtonIncrease");
-    QTRY_COMPARE(h->facade.calls.size(), 2);
-    QCOMPARE(h->facade.calls.last(), QStringLiteral("setBGBlur(true, 0, 3)"));
-    h->click("ppfgRWhiteLevel.itemButtonIncrease");
-    QTRY_COMPARE(h->facade.calls.size(), 3);
-    QCOMPARE(h->facade.calls.last(), QStringLiteral("setPPFGRGBCorrect(true, 1, 1, 0, 0, 0, 0)"));
-}
-
-void TestPostProcessor::typedNumberGoesTheDirectWay_data()
-{
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<QString>("sent");
-    QTest::addColumn<QString>("read");
-    QTest::newRow("saturation") << "ppfgSaturation"
-                                << "setPPFGPostAmp(true, 500, 500, 17, 0)"
-                                << "getPPFGPostAmp()";
-    QTest::newRow("contrast") << "ppfgContrast"
-                              << "setPPFGPostAmp(true, 500, 17, 500, 0)"
-                              << "getPPFGPostAmp()";
-    QTest::newRow("brightness") << "ppfgBrightness"
-                                << "setPPFGPostAmp(true, 17, 500, 500, 0)"
-                                << "getPPFGPostAmp()";
-    const QString read = "getPPFGRGBCorrect()";
-    QTest::newRow("red white") << "ppfgRWhiteLevel"
-                               << "setPPFGRGBCorrect(true, 17, 0, 0, 0, 0, 0)" << read;
-    QTest::newRow("red black") << "ppfgRBlackLevel"
-                               << "setPPFGRGBCorrect(true, 0, 17, 0, 0, 0, 0)" << read;
-    QTest::newRow("green white") << "ppfgGWhiteLevel"
-                                 << "setPPFGRGBCorrect(true, 0, 0, 17, 0, 0, 0)" << read;
-    QTest::newRow("green black") << "ppfgGBlackLevel"
-                                 << "setPPFGRGBCorrect(true, 0, 0, 0, 17, 0, 0)" << read;
-    QTest::newRow("blue white") << "ppfgBWhiteLevel"
-                                << "setPPFGRGBCorrect(true, 0, 0, 0, 0, 17, 0)" << read;
-    QTest::newRow("blue black") << "ppfgBBlackLevel"
-                                << "setPPFGRGBCorrect(true, 0, 0, 0, 0, 0, 17)" << read;
-    QTest::newRow("blur level") << "ppbgBlurValue"
-                                << "setBGBlur(true, 17, 0)"
-                                << "getBGBlur()";
-    QTest::newRow("blur time") << "ppbgBlurTime"
-                               << "setBGBlur(true, 0, 17)"
-                               << "getBGBlur()";
-}
-
-void TestPostProcessor::typedNumberGoesTheDirectWay()
-{
-    QFETCH(QString, id);
-    QFETCH(QString, sent);
-    QFETCH(QString, read);
-    h->eval("scrollContent.contentItem.contentY = Math.min(" + id
-            + ".mapToItem(pagePP_ContentArea01, 0, 0).y, "
-              "scrollContent.contentHeight - 610)");
-    const int before = h->number(id + ".sliderValue");
-    h->typeInto(id + ".itemText", "17");
-    QCOMPARE(h->facade.calls, (QStringList{sent, "msecSleep(100)", read}));
-    QVERIFY(h->facade.times.at(2) - h->facade.times.at(0) >= 100);
-    // The slider follows only through the refresh.
-    QCOMPARE(h->number(id + ".sliderValue"), before);
-    QCOMPARE(Messages::logs().contains("onBlurTExtFieldChanged"), id == QLatin1String("ppbgBlurValue"));
-}
-
-// The validator reads a number by the language of the machine, and takes its group signs.
-void TestPostProcessor::groupSignsShowTheirNumber_data()
-{
-    listLocales();
-}
-
-void TestPostProcessor::groupSignsShowTheirNumber()
-{
-    QFETCH(QString, locale);
-    QLocale::setDefault(QLocale(locale));
-    h.reset();
-    init();
-    h->typeInto("ppfgSaturation.itemText", "1,000");
-    QCOMPARE(h->text("ppfgSaturation.textValue"), QStringLiteral("1,000"));
-    QCOMPARE(h->facade.calls.value(0), QStringLiteral("setPPFGPostAmp(true, 500, 500, 1000, 0)"));
-}
-
 void TestPostProcessor::foldTakesItsTime()
 {
     // The fold and nothing else moves the height, so the way down and the way up take the same 200 ms.
@@ -310,54 +166,6 @@ void TestPostProcessor::nothingMovesWithTheLanguage()
         for (int i = 0; i < parts.size(); ++i)
             QCOMPARE(h->at(h->item(parts.at(i)), 0, 0), places.at(i));
     }
-}
-
-void TestPostProcessor::hueGoesBelowZero()
-{
-    h->click("ppfgHue.itemButtonDecrease");
-    h->click("ppfgHue.itemButtonDecrease");
-    QCOMPARE(h->number("ppfgHue.sliderValue"), -2);
-    QCOMPARE(h->text("ppfgHue.textValue"), QStringLiteral("-2"));
-    QTRY_COMPARE(h->facade.calls, QStringList{"setPPFGPostAmp(true, 500, 500, 500, -2)"});
-    h->facade.forget();
-    h->typeInto("ppfgHue.itemText", "-45");
-    QCOMPARE(h->facade.calls.first(), QStringLiteral("setPPFGPostAmp(true, 500, 500, 500, -45)"));
-}
-
-void TestPostProcessor::hueStopsAtItsEnds_data()
-{
-    QTest::addColumn<int>("end");
-    QTest::addColumn<QString>("button");
-    QTest::newRow("lowest") << -180 << "ppfgHue.itemButtonDecrease";
-    QTest::newRow("highest") << 180 << "ppfgHue.itemButtonIncrease";
-}
-
-void TestPostProcessor::hueStopsAtItsEnds()
-{
-    QFETCH(int, end);
-    QFETCH(QString, button);
-    const QString sent = QStringLiteral("setPPFGPostAmp(true, 500, 500, 500, %1)").arg(end);
-    const int beyond = end < 0 ? end - 1 : end + 1;
-    // The digit that would leave the range is not taken, the end itself is.
-    h->typeInto("ppfgHue.itemText", QString::number(beyond), Qt::Key_unknown);
-    QCOMPARE(h->text("ppfgHue.textValue"), QString::number(beyond / 10));
-    h->typeInto("ppfgHue.itemText", QString::number(end));
-    QCOMPARE(h->facade.calls.value(0), sent);
-    h->facade.forget();
-    // Dragged past the end of the groove, the handle stands on it, and a step more moves nothing.
-    const QPoint from = h->handleAt("ppfgHue", 0);
-    h->press(from);
-    h->move(from + QPoint(end < 0 ? -400 : 400, 0));
-    h->release(from + QPoint(end < 0 ? -400 : 400, 0));
-    QCOMPARE(h->number("ppfgHue.sliderValue"), end);
-    QCOMPARE(h->text("ppfgHue.textValue"), QString::number(end));
-    QTRY_VERIFY(!h->flag("timerPPSliderCommand.running"));
-    QCOMPARE(h->facade.calls.last(), sent);
-    h->facade.forget();
-    h->click(button);
-    QTest::qWait(120);
-    QCOMPARE(h->number("ppfgHue.sliderValue"), end);
-    QCOMPARE(h->facade.calls, QStringList());
 }
 
 void TestPostProcessor::switchTurnsTheSectionOffAndOn_data()
@@ -469,12 +277,6 @@ void TestPostProcessor::refreshOfBlur()
     QTRY_COMPARE(h->facade.calls, QStringList{"setBGBlur(true, 40, 7)"});
 }
 
-void TestPostProcessor::negativeHueOfTheUnitGoesToTheEnd()
-{
-    emit h->facade.refreshPPFGPostAmp(true, 500, 500, 500, 65526);
-    QCOMPARE(h->number("ppfgHue.sliderValue"), 180);
-}
-
 void TestPostProcessor::sectionsFold_data()
 {
     QTest::addColumn<int>("section");
@@ -514,31 +316,6 @@ void TestPostProcessor::sectionsFold()
     QCOMPARE(h->number(area + ".height"), open);
 }
 
-void TestPostProcessor::throttleOpensOneWindow()
-{
-    const QPoint from = h->handleAt("ppfgSaturation", 500);
-    h->press(from);
-    for (int i = 1; i <= 60; ++i) {
-        h->move(from + QPoint(i, 0));
-        QTest::qWait(10);
-    }
-    h->release(from + QPoint(60, 0));
-    QTest::qWait(120);
-    QVERIFY(h->facade.calls.size() >= 5);
-    for (int i = 1; i < h->facade.times.size(); ++i)
-        QVERIFY(h->facade.times.at(i) - h->facade.times.at(i - 1) >= 49);
-    QCOMPARE(
-        h->facade.calls.last(),
-        QStringLiteral("setPPFGPostAmp(true, 500, 500, %1, 0)").arg(h->number("ppfgSaturation.sliderValue")));
-}
-
-void TestPostProcessor::pollingIsNotTouched()
-{
-    h->click("ppfgHue.itemButtonIncrease");
-    QTRY_COMPARE(h->facade.calls.size(), 1);
-    QCOMPARE(h->facade.callsOf("setRefreshTimer"), QStringList());
-}
-
 void TestPostProcessor::languageChangesThePictures()
 {
     emit h->facade.refreshPPFGPostAmp(false, 500, 500, 500, 0);
@@ -549,7 +326,6 @@ void TestPostProcessor::languageChangesThePictures()
     QCOMPARE(h->face(header(1) + ".resetSource"), QStringLiteral("TW/btn_n_reset_dashboard"));
     QCOMPARE(h->face(header(3) + ".resetSource"), QStringLiteral("TW/btn_n_reset_dashboard"));
     QVERIFY(Messages::logs().contains("onLanguageChanged(PostPro)"));
-    QVERIFY(!h->grab(h->window->contentItem(), "postprocessor-zh_TW").isNull());
 }
 
 void TestPostProcessor::scrollsToTheEnd()
@@ -557,14 +333,12 @@ void TestPostProcessor::scrollsToTheEnd()
     emit h->facade.refreshPPFGPostAmp(true, 485, 500, 540, 0);
     h->eval("ppfgHue.sliderValue = -12");
     emit h->facade.refreshPPFGRGBCorrector(false, 1000, 0, 0, 0, 0, 0);
-    QVERIFY(!h->grab(h->window->contentItem(), "postprocessor").isNull());
     QCOMPARE(h->number("scrollContent.contentHeight"), 1298);
     const QPoint bar = h->at(h->page, 30 + 1110 + 14 + 6, 100);
     h->press(bar);
     h->move(bar + QPoint(0, 500));
     h->release(bar + QPoint(0, 500));
     QCOMPARE(h->number("scrollContent.contentItem.contentY"), 688);
-    QVERIFY(!h->grab(h->window->contentItem(), "postprocessor-end").isNull());
     // The last row stands whole in sight.
     QVERIFY(h->at(h->item("ppbgBlurTime"), 0, 74).y() <= 768);
     for (int i = 0; i < 3; ++i) {
