@@ -14,7 +14,6 @@ namespace {
 
 constexpr int kNoLinkMethod = 999; // leaves the interface's choice of the link alone
 constexpr unsigned long kAfterDisconnectMs = 200;
-constexpr unsigned long kBeforeModelsMs = 500;
 
 } // namespace
 

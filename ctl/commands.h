@@ -21,6 +21,7 @@ struct Command
 // In the order in which the help lists them.
 const QVector<Command> &commands();
 
+ExitCode discover(Session &session);
 ExitCode showInfo(Session &session);
 ExitCode showStatus(Session &session);
 ExitCode listFunctions(Session &session);
@@ -35,5 +36,6 @@ ExitCode saveShow(Session &session);
 ExitCode loadShowFile(Session &session);
 ExitCode compareShows(Session &session);
 ExitCode printSchema(Session &session);
+ExitCode watch(Session &session);
 
 } // namespace ctl

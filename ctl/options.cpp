@@ -18,6 +18,7 @@ QString line(const Command &command)
 const QVector<Command> &commands()
 {
     static const QVector<Command> list = {
+        {"discover", "", "The units that a scan of this machine's networks finds.", 0, 0, discover},
         {"info", "", "Where the unit is and what runs on it.", 0, 0, showInfo},
         {"status", "", "Inputs, genlock, output format and routing.", 0, 0, showStatus},
         {"functions", "", "All functions with their fields and ranges; needs no unit.", 0, 0, listFunctions},
@@ -35,6 +36,7 @@ const QVector<Command> &commands()
         {"show diff", "FILE [FILE]", "What two looks hold differently: file and unit, or two files.", 1, 2,
          compareShows},
         {"show schema", "", "The schema of these files; needs no unit.", 0, 0, printSchema},
+        {"watch", "", "One line for each field that changes, until it is interrupted.", 0, 0, watch},
     };
     return list;
 }
@@ -52,6 +54,9 @@ Options::Options()
         {text("json"), text("Print JSON instead of tables.")},
         {text("only"), text("Of a show, only these functions; apart by commas."), text("functions")},
         {text("dry-run"), text("Of show load: tell what would be sent, and send nothing.")},
+        {text("adapter"), text("Of discover: scan on this adapter alone."), text("name or address")},
+        {text("interval"), text("Of watch: look so often [1000]."), text("ms"), text("1000")},
+        {text("all"), text("Of watch: every function, not only inputs, genlock and output format.")},
         {text("timeout"), text("Give up after so long."), text("seconds")},
         {text("verbose"), text("Show the log of the link on standard error.")},
         {{text("h"), text("help")}, text("Print this and end.")},
@@ -94,6 +99,8 @@ QString Options::readValues()
     m_request.serial = m_parser.value(QStringLiteral("serial"));
     m_request.profile = m_parser.value(QStringLiteral("profile"));
     m_request.json = m_parser.isSet(QStringLiteral("json"));
+    m_request.adapter = m_parser.value(QStringLiteral("adapter"));
+    m_request.all = m_parser.isSet(QStringLiteral("all"));
     m_request.dryRun = m_parser.isSet(QStringLiteral("dry-run"));
     m_request.only = m_parser.value(QStringLiteral("only")).split(QLatin1Char(','), Qt::SkipEmptyParts);
     int places = 0;
@@ -105,15 +112,27 @@ QString Options::readValues()
     }
     if (places > 1)
         return QStringLiteral("--host, --serial and --profile name one unit each; give one of them");
-    if (m_parser.isSet(QStringLiteral("timeout"))) {
-        constexpr double kLongest = 86400;
-        constexpr int kMsPerSecond = 1000;
-        bool isNumber = false;
-        const double seconds = m_parser.value(QStringLiteral("timeout")).toDouble(&isNumber);
-        if (!isNumber || !(seconds >= 0.001 && seconds <= kLongest))
-            return QStringLiteral("--timeout takes seconds, up to a day");
-        m_request.timeoutMs = static_cast<int>(seconds * kMsPerSecond);
-    }
+    return readTimes();
+}
+
+QString Options::readTimes()
+{
+    constexpr int kShortestMs = 100;
+    constexpr int kLongestMs = 3600000;
+    bool isNumber = false;
+    m_request.intervalMs = m_parser.value(QStringLiteral("interval")).toInt(&isNumber);
+    if (!isNumber || m_request.intervalMs < kShortestMs || m_request.intervalMs > kLongestMs)
+        return QStringLiteral("--interval takes milliseconds, from %1 to %2")
+            .arg(kShortestMs)
+            .arg(kLongestMs);
+    if (!m_parser.isSet(QStringLiteral("timeout")))
+        return {};
+    constexpr double kLongest = 86400;
+    constexpr int kMsPerSecond = 1000;
+    const double seconds = m_parser.value(QStringLiteral("timeout")).toDouble(&isNumber);
+    if (!isNumber || !(seconds >= 0.001 && seconds <= kLongest))
+        return QStringLiteral("--timeout takes seconds, up to a day");
+    m_request.timeoutMs = static_cast<int>(seconds * kMsPerSecond);
     return {};
 }
 

@@ -25,6 +25,7 @@ public:
 private:
     QString readCommand(const QStringList &words);
     QString readValues();
+    QString readTimes();
 
     QCommandLineParser m_parser;
     const Command *m_command = nullptr;

@@ -54,6 +54,9 @@ constexpr RetryLadder kNetworkKeyColorLadder{{3000, 1000, 500}, 3};
 // counted.
 constexpr unsigned long kRecallPausesMs = 2600;
 
+// Between a scan and the questions for the models.
+constexpr unsigned long kBeforeModelsMs = 500;
+
 // A write to the serial port that failed is tried again after each of these; the network link writes three
 // times at once.
 constexpr std::array<unsigned long, 3> kSerialWriteSleepsMs{100, 300, 500};

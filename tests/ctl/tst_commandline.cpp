@@ -79,6 +79,8 @@ void CommandLineTest::wrongLinesAreRefused_data()
     row("--timeout soon info", "--timeout takes seconds, up to a day");
     row("--timeout 0 info", "--timeout takes seconds, up to a day");
     row("--timeout nan info", "--timeout takes seconds, up to a day");
+    row("--interval 99 watch", "--interval takes milliseconds, from 100 to 3600000");
+    row("--interval often watch", "--interval takes milliseconds, from 100 to 3600000");
     row("get DARK GREY", "GREY: no such function; \"qkv720ctl functions\" lists them all");
     row("set CURSOR red=1", "CURSOR cannot be set");
     row("set INPUT_STANDARD fg=1", "INPUT_STANDARD cannot be set");
