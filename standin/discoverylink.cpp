@@ -157,7 +157,7 @@ Response DiscoveryLink::answer(const QByteArray &datagram)
     speech.ownAnswer = [](const QByteArray &body) { return body; };
     speech.sumAt = [](const QByteArray &) { return 1; }; // a datagram has no sum: its length lies instead
     speech.carryOut = [&] { return execute(*function, datagram); };
-    const Response response = respond(unit.takeFault({entry.code}), speech);
+    Response response = respond(unit.takeFault({entry.code}), speech);
     entry.reply = response.bytes();
     unit.addRecord(entry);
     return response;

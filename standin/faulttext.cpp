@@ -160,7 +160,7 @@ QString parseFault(const QString &text, int &code, Fault &fault)
 {
     Words words;
     words.list = text.simplified().split(QLatin1Char(' '));
-    const QString form = QStringLiteral("a fault is written CODE KIND [TIMES], such as SET_DARK late 500 3");
+    QString form = QStringLiteral("a fault is written CODE KIND [TIMES], such as SET_DARK late 500 3");
     if (words.list.size() < 2)
         return form;
     code = codeFromText(words.list.at(0));
