@@ -50,13 +50,7 @@ public:
     }
 
     // The frames that the unit received, as they lay on the link, parted by commas.
-    QString frames() const
-    {
-        QStringList list;
-        for (const standin::FrameRecord &frame : host.record())
-            list.append(QString::fromLatin1(frame.raw.toHex(' ').toUpper()));
-        return list.join(QStringLiteral(", "));
-    }
+    QString frames() const { return host.wireFrames().join(QStringLiteral(", ")); }
 
     // The time from each frame to the next, in milliseconds.
     QVector<int> gapsMs() const

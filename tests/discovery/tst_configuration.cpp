@@ -93,12 +93,12 @@ static QString setSecDns(HLNP &hlnp, const QString &target, const QString &value
 void TestConfiguration::init()
 {
     hlnp = new HLNP;
-    target = ownLoopback(10);
+    target = ownLoopback(7);
     unit = new QUdpSocket;
     stranger = new QUdpSocket;
     QVERIFY(hlnp->findChild<QUdpSocket *>()->bind(QHostAddress(ownLoopback(1)), 0));
     QVERIFY2(unit->bind(QHostAddress(target), 5002), qPrintable(unit->errorString()));
-    QVERIFY2(stranger->bind(QHostAddress(ownLoopback(100)), 5002), qPrintable(stranger->errorString()));
+    QVERIFY2(stranger->bind(QHostAddress(ownLoopback(70)), 5002), qPrintable(stranger->errorString()));
 }
 
 void TestConfiguration::cleanup()

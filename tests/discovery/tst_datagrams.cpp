@@ -265,19 +265,19 @@ void TestDatagrams::aRefusalFromElsewhereIsNotLogged()
 
 void TestDatagrams::identifiersAreFiledByThePartOfAnAddress()
 {
-    send(numberedRecord(1, ownLoopback(10)).datagram());
-    send(numberedRecord(2, ownLoopback(100)).datagram());
-    send(numberedRecord(3, ownLoopback(101)).datagram());
+    send(numberedRecord(1, ownLoopback(7)).datagram());
+    send(numberedRecord(2, ownLoopback(70)).datagram());
+    send(numberedRecord(3, ownLoopback(71)).datagram());
     hlnp->processDatagrams();
-    send(modelReply("05881501"), 100);
+    send(modelReply("05881501"), 70);
     hlnp->processDatagrams();
     QCOMPARE(network(0).vid, QStringLiteral("0588"));
     QCOMPARE(network(0).pid, QStringLiteral("1501"));
     QCOMPARE(network(1).pid, QStringLiteral("1501"));
     QVERIFY(network(2).pid.isEmpty());
 
-    send(modelReply("abcdef01"),
-         10); // the shorter address is part of the longer one, not the other way round
+    // The shorter address is part of the longer one, not the other way round.
+    send(modelReply("abcdef01"), 7);
     hlnp->processDatagrams();
     QCOMPARE(network(0).vid, QStringLiteral("ABCD"));
     QCOMPARE(network(0).pid, QStringLiteral("EF01"));

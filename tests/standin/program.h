@@ -1,22 +1,11 @@
 #pragma once
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
 
 namespace support {
-
-// A loopback address of this test process's own.
-inline QString processAddress()
-{
-    const auto pid = static_cast<quint32>(QCoreApplication::applicationPid());
-    return QStringLiteral("127.%1.%2.%3")
-        .arg(100 + (pid >> 16U) % 100U)
-        .arg((pid >> 8U) & 0xFFU)
-        .arg(1 + pid % 250U);
-}
 
 // The program qkv720-unit with its streams, both of them in `output`.
 class Program

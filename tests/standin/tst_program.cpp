@@ -1,6 +1,7 @@
 // The program as people run it: commands on standard input, log, state file, serial link, restart at a new address.
 
 #include "tests/standin/program.h"
+#include "tests/support/loopback.h"
 #include "tests/support/rawlink.h"
 #include "tests/support/testnetwork.h"
 
@@ -52,7 +53,7 @@ private:
 
 void TestProgram::initTestCase()
 {
-    address = support::processAddress();
+    address = support::ownLoopback(1);
     QVERIFY(folder.isValid());
 }
 

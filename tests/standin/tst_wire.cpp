@@ -55,6 +55,21 @@ QString hex(const QByteArray &data)
     return QString::fromLatin1(data.toHex(' '));
 }
 
+// Copies of what the unit holds, which lives on a thread of its own.
+QByteArray dataOf(UnitHost &host, int code)
+{
+    QByteArray copy;
+    host.withUnit([&copy, code](standin::Unit &unit) { copy = unit.data(code); });
+    return copy;
+}
+
+QJsonObject stateOf(UnitHost &host)
+{
+    QJsonObject copy;
+    host.withUnit([&copy](standin::Unit &unit) { copy = unit.toJson(); });
+    return copy;
+}
+
 } // namespace
 
 void TestWire::versionOverNetwork()
@@ -136,8 +151,7 @@ void TestWire::refusedFrameChangesNothing()
     QByteArray body = requestBody(0xD1, bytes("0102"));
     body[body.size() - 1] = static_cast<char>(body.back() + 1);
     QCOMPARE(hex(link.exchange(body)), QStringLiteral("02 82 84"));
-    host.withUnit(
-        [](standin::Unit &unit) { QCOMPARE(unit.value(standin::Angle, QStringLiteral("left")), 45); });
+    QCOMPARE(dataOf(host, standin::Angle), bytes("2d 2d"));
     QVERIFY(!host.record().first().checksumGood);
 }
 
@@ -217,7 +231,7 @@ void TestWire::longestFrame()
     const QByteArray payload(252, '\1');
     const QByteArray reply = link.exchange(requestBody(0xD1, payload));
     QCOMPARE(hex(reply), hex(requestBody(0xD1, payload)));
-    host.withUnit([](standin::Unit &unit) { QCOMPARE(unit.data(standin::Angle).size(), 2); });
+    QCOMPARE(dataOf(host, standin::Angle), bytes("01 01"));
 }
 
 void TestWire::auxModeIsTheBlurRecord()
@@ -305,10 +319,9 @@ void TestWire::saveSetupIsEmpty()
 {
     UnitHost host;
     RawNetwork link(host.address());
-    QJsonObject before;
-    host.withUnit([&before](standin::Unit &unit) { before = unit.toJson(); });
+    const QJsonObject before = stateOf(host);
     link.exchange(requestBody(0xE5));
-    host.withUnit([&before](standin::Unit &unit) { QCOMPARE(unit.toJson(), before); });
+    QCOMPARE(stateOf(host), before);
 }
 
 void TestWire::secondClient()

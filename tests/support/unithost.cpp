@@ -157,6 +157,14 @@ QStringList UnitHost::frames(const QVector<int> &without) const
     return list;
 }
 
+QStringList UnitHost::wireFrames() const
+{
+    QStringList list;
+    for (const standin::FrameRecord &frame : record())
+        list += QString::fromLatin1(frame.raw.toHex(' ').toUpper());
+    return list;
+}
+
 QStringList UnitHost::requests() const
 {
     QStringList list;

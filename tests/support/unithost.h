@@ -41,6 +41,8 @@ public:
     // The frames of the record from the command byte on and without the checksum: "d1 03 04", "reset d1 00 00".
     // Those with the codes `without` are left out, such as what the poll reads.
     QStringList frames(const QVector<int> &without = {}) const;
+    // All frames whole, as they lay on the link, with lengths and checksum: "00 06 03 00 6C 6F".
+    QStringList wireFrames() const;
     QStringList requests() const; // the names of the datagrams of the record: "SET_GATEWAY"
     void clearRecord();
     int count(int code) const; // frames with this code since the last clearRecord()
