@@ -3,10 +3,13 @@
 #include "standin/console.h"
 #include "standin/discoverycodes.h"
 #include "standin/faulttext.h"
+#include "tests/support/loopback.h"
 #include "tests/support/rawlink.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QJsonDocument>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -27,6 +30,7 @@ private slots:
     void endlessLine();
     void nothingAfterQuit();
     void chosenUnit();
+    void restart();
     void helpNamesEverything();
     void everyNameOfAFrameIsACode();
     void faultOfAResetAlone();
@@ -214,6 +218,36 @@ void TestConsole::chosenUnit()
     QVERIFY(ask(second.unit, 0x53, {}).isEmpty());
     QCOMPARE(console.execute(QStringLiteral("units")),
              QStringLiteral("1 QKV720 10.0.0.1\n2 OTHER 10.0.0.2 (chosen)"));
+}
+
+void TestConsole::restart()
+{
+    Appliance other;
+    Appliance appliance;
+    Appliance::Setup setup;
+    setup.restartMs = 300;
+    setup.discovery = false;
+    appliance.discovery.settings.address = QHostAddress(support::ownLoopback(1));
+    QString error;
+    QVERIFY2(appliance.start(setup, &error), qPrintable(error));
+    QSignalSpy told(&appliance, &Appliance::told);
+    QSignalSpy toldByTheOther(&other, &Appliance::told);
+    support::RawNetwork link(support::ownLoopback(1));
+    QTRY_COMPARE(told.count(), 1); // a client came
+    told.clear();
+
+    Console console({&other, &appliance});
+    console.execute(QStringLiteral("unit 2"));
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(console.execute(QStringLiteral("restart")), QStringLiteral("ok"));
+    QCOMPARE(told.value(0).value(0).toString(), QStringLiteral("restarting"));
+    QVERIFY(link.waitForEnd());
+    QVERIFY(!support::RawNetwork(support::ownLoopback(1)).isUp());
+    QTRY_COMPARE(told.last().value(0).toString(), appliance.whereabouts());
+    QVERIFY(clock.elapsed() >= setup.restartMs);
+    QVERIFY(support::RawNetwork(support::ownLoopback(1)).isUp());
+    QCOMPARE(toldByTheOther.count(), 0);
 }
 
 void TestConsole::helpNamesEverything()

@@ -2,6 +2,7 @@
 // of units in one process, on the loopback and on a network of the test's own.
 
 #include "tests/standin/program.h"
+#include "tests/support/loopback.h"
 #include "tests/support/rawlink.h"
 #include "tests/support/testnetwork.h"
 
@@ -14,6 +15,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <sys/stat.h>
 
 using support::Program;
 using support::RawNetwork;
@@ -33,6 +35,7 @@ private slots:
     void serialLinkLeavesWhatIsThere();
     void serialLinkOfAKilledRun();
     void serialLinkThatAnotherTook();
+    void logsThatNobodyReads();
     void timesOfTheProgram();
     void crowdOnTheLoopback();
     void crowdKeepsItsStatesApart();
@@ -148,7 +151,7 @@ void TestOptions::refused()
     if (sentence == QLatin1String("--fault: no such code: D2--")) {
         arguments = QStringList{QStringLiteral("--fault"), QStringLiteral("D2-- silent")};
     } else if (!arguments.contains(QStringLiteral("--address"))) {
-        arguments = QStringList{QStringLiteral("--address"), support::processAddress()} + arguments;
+        arguments = QStringList{QStringLiteral("--address"), support::ownLoopback(1)} + arguments;
     }
     Program program(arguments);
     QCOMPARE(program.lastWords(), QStringLiteral("qkv720-unit: %1\n").arg(sentence));
@@ -234,9 +237,24 @@ void TestOptions::serialLinkThatAnotherTook()
     QVERIFY(QFileInfo::exists(path)); // it is no link of the program's any more
 }
 
+// A named pipe would hold the program up until somebody reads it; what swallows all is good.
+void TestOptions::logsThatNobodyReads()
+{
+    const QString pipe = folder.filePath(QStringLiteral("pipe"));
+    QCOMPARE(::mkfifo(qPrintable(pipe), 0600), 0);
+    const QStringList logTo = kSerialOnly + QStringList{QStringLiteral("--log")};
+    Program held(logTo + QStringList{pipe});
+    QCOMPARE(held.lastWords(),
+             QStringLiteral("qkv720-unit: %1 can't be the log: it is no ordinary file\n").arg(pipe));
+    QCOMPARE(held.process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(held.process.exitCode(), 1);
+    Program swallowed(logTo + QStringList{QStringLiteral("/dev/null")});
+    QVERIFY(swallowed.isReady());
+}
+
 void TestOptions::timesOfTheProgram()
 {
-    const QString address = support::processAddress();
+    const QString address = support::ownLoopback(1);
     const auto duration = [&address](int code, const QByteArray &payload) {
         RawNetwork link(address);
         QElapsedTimer clock;
@@ -263,7 +281,7 @@ void TestOptions::timesOfTheProgram()
 
 void TestOptions::crowdOnTheLoopback()
 {
-    const QString first = support::processAddress().section(QLatin1Char('.'), 0, 2) + QStringLiteral(".31");
+    const QString first = support::ownLoopback(31);
     const QString log = folder.filePath(QStringLiteral("crowd.jsonl"));
     Program program({QStringLiteral("--address"), first, QStringLiteral("--units"), QStringLiteral("3"),
                      QStringLiteral("--name"), QStringLiteral("KEYER"), QStringLiteral("--mac"),
@@ -303,7 +321,7 @@ void TestOptions::crowdOnTheLoopback()
 
 void TestOptions::crowdKeepsItsStatesApart()
 {
-    const QString address = support::processAddress();
+    const QString address = support::ownLoopback(1);
     const QString path = folder.filePath(QStringLiteral("crowd.json"));
     const QStringList arguments{QStringLiteral("--address"), address,
                                 QStringLiteral("--units"),   QStringLiteral("2"),
