@@ -1,165 +1,33 @@
-#include "datagrams.h"
-#include "device/qkv720.h"
-#include "devices.h"
-#include "discovery/hlnp.h"
 #include "discovery/hlnpstate.h"
+#include "scanbench.h"
 #include "tests/support/logcapture.h"
-#include "tests/support/testnetwork.h"
-#include "tests/support/unithost.h"
 
 #include <QElapsedTimer>
-#include <QtTest>
 
 using support::LogCapture;
 
-// Scans over real broadcasts, in a network of the test's own: the panel on one host, devices on others.
+// The scan itself: what it asks, how long it waits, which adapter it is bound to.
 
-namespace {
-
-constexpr int kEthReq = 0x00;
-constexpr int kGetModel = 0x40;
-
-QString address(int last)
-{
-    return QStringLiteral("192.168.72.%1").arg(last);
-}
-
-struct Device
-{
-    DeviceRecord record;
-    QByteArray identifiers = "05881501"; // empty: silent when asked
-};
-
-QStringList addressesOf(const QVector<Device> &devices)
-{
-    QStringList all;
-    for (const Device &device : devices)
-        all.append(device.record.ip);
-    return all;
-}
-
-// Devices that behave.
-Devices::Answer wellBehaved(const QVector<Device> &devices)
-{
-    return [devices](Devices &, const Devices::Request &request) {
-        for (const Device &device : devices) {
-            if (Devices::codeOf(request) == kEthReq)
-                Devices::send(request, device.record.ip, device.record.datagram());
-            else if (Devices::codeOf(request) == kGetModel && request.bytes.mid(4, 6) == device.record.mac
-                     && !device.identifiers.isEmpty())
-                Devices::send(request, device.record.ip, modelReply(device.identifiers.constData()));
-        }
-    };
-}
-
-QVector<Device> numbered(const QList<int> &lasts)
-{
-    QVector<Device> devices;
-    for (const int last : lasts)
-        devices.append({numberedRecord(last, address(last)), "05881501"});
-    return devices;
-}
-
-// As the panel does it on the operator's press of the button.
-uint scan(qkv720 &panel, int adapter = 0)
-{
-    const uint result = panel.HLNPScan(QStringLiteral("scan"), adapter);
-    QThread::msleep(500);
-    panel.HLNPGetModel();
-    panel.HLNPDoScanDone();
-    return result;
-}
-
-QUdpSocket *socketOf(const qkv720 &panel)
-{
-    return panel.hlnpObj->findChild<QUdpSocket *>();
-}
-
-} // namespace
-
-class TestScan : public QObject
+class TestScan : public ScanBench
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { QVERIFY2(raise(), qPrintable(net->complaint())); }
+    void cleanup() { net.reset(); }
 
     void unitsAreFoundAndSorted();
     void requestsOnTheWire();
     void nobodyAnswers();
     void twelveAtOnceStallTheScanAndAreAllFound();
     void aLateReplyLeavesTheScanUndone();
-    void theShorterAddressTakesTheIdentifiersOfTheLonger();
     void theLastOfTwoMatchingAdaptersIsBound_data();
     void theLastOfTwoMatchingAdaptersIsBound();
     void theOnlyAdapterIsMeantWhateverItsAddress();
     void aRebindDropsWhatWasQueued();
-    void answersFromAnotherPortAndTwice();
-    void aUnitThatComesLateIsAskedInTheSameScan();
-    void twoRowsOfOneAddressAskTheLaterMac();
-    void aUnitThatKeepsItsIdentifiersIsNotListed();
     void theNextScanForgetsTheLast();
     void anAdapterThatIsGone();
-    void aModelNameIsAskedByTheDormantPath();
-
-private:
-    std::unique_ptr<Devices> switchOn(const QVector<Device> &devices, Devices::Answer answer = nullptr);
-    std::unique_ptr<support::UnitHost> unitAt(int last, int product = 0x1501);
-
-    std::unique_ptr<support::TestNetwork> net;
-    QString panelHost;
-    QString farHost;
-    QString cable;
 };
-
-void TestScan::init()
-{
-    net = std::make_unique<support::TestNetwork>();
-    panelHost = net->addHost();
-    farHost = net->addHost();
-    cable = net->addSwitch();
-    net->plug(panelHost, QStringLiteral("eth0"), cable, {address(1) + QStringLiteral("/24")});
-    QVERIFY2(net->isGood(), qPrintable(net->complaint()));
-    QVERIFY(support::TestNetwork::enter(panelHost));
-}
-
-void TestScan::cleanup()
-{
-    net.reset();
-}
-
-std::unique_ptr<Devices> TestScan::switchOn(const QVector<Device> &devices, Devices::Answer answer)
-{
-    QStringList withMasks;
-    for (const QString &own : addressesOf(devices))
-        withMasks.append(own + QStringLiteral("/24"));
-    withMasks.removeDuplicates();
-    net->plug(farHost, QStringLiteral("eth0"), cable, withMasks);
-    QStringList addresses = addressesOf(devices);
-    addresses.removeDuplicates();
-    return std::make_unique<Devices>(farHost, addresses, answer ? std::move(answer) : wellBehaved(devices));
-}
-
-std::unique_ptr<support::UnitHost> TestScan::unitAt(int last, int product)
-{
-    const QString host = net->addHost();
-    net->plug(host, QStringLiteral("eth0"), cable, {address(last) + QStringLiteral("/24")});
-    support::UnitHost::Options options;
-    options.address = address(last);
-    options.netNamespace = host;
-    options.network = false;
-    options.discovery = true;
-    options.broadcasts = true;
-    auto unit = std::make_unique<support::UnitHost>(options);
-    unit->withNetwork([last, product](standin::NetworkSettings &settings) {
-        settings.mac = numberedMac(last);
-        settings.name = QStringLiteral("UNIT-%1").arg(last);
-        settings.dhcp = last > 50;
-        settings.product = product;
-    });
-    return unit;
-}
 
 void TestScan::unitsAreFoundAndSorted()
 {
@@ -258,27 +126,15 @@ void TestScan::twelveAtOnceStallTheScanAndAreAllFound()
     QCOMPARE(panel.hlnpObj->scanDone, true); // that of the last collection
 }
 
-// The answer goes out when the eleventh read has just found nothing.
-static std::function<void()> onEleventhRead;
-
-static QtMessageHandler quieter;
-
-static void countReads(QtMsgType type, const QMessageLogContext &context, const QString &line)
-{
-    quieter(type, context, line);
-    static int reads = 0;
-    if (line.startsWith(QLatin1String("processDatagrams Begin:")))
-        reads = 0;
-    if (line.startsWith(QLatin1String("processDatagrams() Read length :")) && ++reads == 11 && onEleventhRead)
-        std::exchange(onEleventhRead, nullptr)();
-}
-
 void TestScan::aLateReplyLeavesTheScanUndone()
 {
     const auto devices = switchOn(numbered({10}), [](Devices &, const Devices::Request &) {});
+    // The answer goes out when the eleventh read has just found nothing.
     const LogCapture log;
-    quieter = qInstallMessageHandler(countReads);
-    onEleventhRead = [&devices] {
+    int reads = 0;
+    LogCapture::onLine() = [&devices, &reads](const QString &line) {
+        if (!line.startsWith(QLatin1String("processDatagrams() Read length :")) || ++reads != 11)
+            return;
         devices->sendUnasked(devices->requests().constFirst(), address(10),
                              numberedRecord(10, address(10)).datagram());
     };
@@ -290,17 +146,6 @@ void TestScan::aLateReplyLeavesTheScanUndone()
     hlnp.processDatagrams();
     QCOMPARE(hlnp.deviceCount, 1);
     QCOMPARE(hlnp.scanDone, true);
-}
-
-void TestScan::theShorterAddressTakesTheIdentifiersOfTheLonger()
-{
-    QVector<Device> both = numbered({10, 100});
-    both[0].identifiers = "01020304";
-    const auto devices = switchOn(both);
-    qkv720 panel;
-    QCOMPARE(scan(panel), 1U);
-    QCOMPARE(panel.hlnpObj->allHlnpDevice[0].zcm.hlnpnetwork.pid, QStringLiteral("1501"));
-    QCOMPARE(panel.getHLNPDeviceList(), (QStringList{address(10), address(100)}));
 }
 
 void TestScan::theLastOfTwoMatchingAdaptersIsBound_data()
@@ -381,89 +226,6 @@ void TestScan::aRebindDropsWhatWasQueued()
     QVERIFY(devices->requests().constLast().fromPort != first.fromPort);
 }
 
-void TestScan::answersFromAnotherPortAndTwice()
-{
-    const auto devices = switchOn(numbered({10, 11}), [](Devices &, const Devices::Request &request) {
-        if (Devices::codeOf(request) == kEthReq) {
-            Devices::send(request, address(10), numberedRecord(10, address(10)).datagram(), 6001);
-            Devices::send(request, address(11), numberedRecord(11, address(11)).datagram());
-            Devices::send(request, address(11), numberedRecord(11, address(11)).datagram());
-            Devices::send(request, address(11),
-                          numberedRecord(12, address(12)).datagram() + QByteArray(4, 'x'));
-        } else {
-            Devices::send(request, address(request.bytes.at(9)), modelReply(), 6002);
-        }
-    });
-    qkv720 panel;
-    QCOMPARE(scan(panel), 1U);
-    QCOMPARE(debugScanDeviceCount, 3);
-    QCOMPARE(panel.hlnpObj->deviceCount, 2);
-    QCOMPARE(panel.getHLNPDeviceList(), (QStringList{address(10), address(11)}));
-}
-
-void TestScan::aUnitThatComesLateIsAskedInTheSameScan()
-{
-    const auto devices = switchOn(numbered({10, 11}), [](Devices &, const Devices::Request &request) {
-        if (Devices::codeOf(request) == kEthReq) {
-            Devices::send(request, address(10), numberedRecord(10, address(10)).datagram());
-            return;
-        }
-        if (request.bytes.at(9) == 10)
-            Devices::send(request, address(11), numberedRecord(11, address(11)).datagram());
-        Devices::send(request, address(request.bytes.at(9)), modelReply());
-    });
-    qkv720 panel;
-    QCOMPARE(scan(panel), 1U);
-    QCOMPARE(devices->requests(kGetModel).size(), 2);
-    QCOMPARE(panel.getHLNPDeviceList(), (QStringList{address(10), address(11)}));
-}
-
-void TestScan::twoRowsOfOneAddressAskTheLaterMac()
-{
-    QVector<Device> twins = {{numberedRecord(1, address(10)), "05881501"},
-                             {numberedRecord(2, address(10)), ""}};
-    const auto devices = switchOn(twins);
-    qkv720 panel;
-    scan(panel);
-    const auto requests = devices->requests(kGetModel);
-    QCOMPARE(requests.size(), 2);
-    QCOMPARE(requests.at(0).bytes.mid(4, 6), numberedMac(2));
-    QCOMPARE(requests.at(1).bytes.mid(4, 6), numberedMac(2));
-    QVERIFY(panel.getHLNPDeviceList().isEmpty());
-
-    // An address outside the table means the first row; a row whose MAC is not six groups is not asked.
-    panel.hlnpObj->getModel(QStringLiteral("10.0.0.1"));
-    QTRY_COMPARE(devices->requests(kGetModel).size(), 3);
-    QCOMPARE(devices->requests(kGetModel).last().bytes.mid(4, 6),
-             QByteArray::fromHex(
-                 panel.hlnpObj->allHlnpDevice[0].zcm.hlnpnetwork.macadd.toLatin1().replace(":", "")));
-    panel.hlnpObj->allHlnpDevice[0].zcm.hlnpnetwork.macadd = QStringLiteral("1:2:3:4:5");
-    QElapsedTimer clock;
-    clock.start();
-    panel.hlnpObj->getModel(QStringLiteral("10.0.0.1"));
-    QVERIFY(clock.elapsed() < 1000);
-    QTest::qWait(100);
-    QCOMPARE(devices->requests(kGetModel).size(), 3);
-}
-
-void TestScan::aUnitThatKeepsItsIdentifiersIsNotListed()
-{
-    QVector<Device> three = numbered({10, 11, 12});
-    three[0].identifiers.clear();
-    const Devices::Answer ordinary = wellBehaved(three);
-    const auto devices = switchOn(three, [&ordinary](Devices &all, const Devices::Request &request) {
-        if (Devices::codeOf(request) == kGetModel && request.bytes.mid(4, 6) == numberedMac(11))
-            Devices::send(request, address(11), acknowledgement(0x40, 0x15));
-        else
-            ordinary(all, request);
-    });
-    qkv720 panel;
-    QCOMPARE(scan(panel), 1U);
-    QCOMPARE(devices->requests(kGetModel).size(), 3); // nobody is asked twice
-    QCOMPARE(panel.hlnpObj->deviceCount, 3);
-    QCOMPARE(panel.getHLNPDeviceList(), QStringList{address(12)});
-}
-
 void TestScan::theNextScanForgetsTheLast()
 {
     auto devices = switchOn(numbered({10, 11}));
@@ -499,34 +261,5 @@ void TestScan::anAdapterThatIsGone()
     QVERIFY(panel.hlnpObj->thisNetwork.isEmpty());
 }
 
-void TestScan::aModelNameIsAskedByTheDormantPath()
-{
-    const auto unit = unitAt(10);
-    const auto other = unitAt(11);
-    const auto devices = switchOn(numbered({12}), [](Devices &, const Devices::Request &) {});
-    HLNP hlnp;
-    hlnp.hLNPpreScanProcess();
-    hlnp.scanSlot(QStringLiteral("scan"), 0);
-    QCOMPARE(hlnp.deviceCount, 2);
-    hlnp.getModelName(hlnp.allHlnpDevice[1].zcm.hlnpnetwork.ipadd);
-    QCOMPARE(currentSelect, 1);
-    QCOMPARE(hlnp.allHlnpDevice[1].zcm.hlnpnetwork.modelname, QStringLiteral("QKV-720"));
-    QVERIFY(hlnp.allHlnpDevice[0].zcm.hlnpnetwork.modelname.isEmpty());
-    const QByteArray request = devices->requests(0x41).first().bytes;
-    QCOMPARE(request.left(4), QByteArray::fromHex("00188041"));
-    QCOMPARE(request.mid(10), QByteArray("GET_MODEL_NAME"));
-    currentSelect = 0;
-
-    hlnp.onGetDeviceModel(); // asks both, and lists them by itself
-    QCOMPARE(hlnp.qkvDeviceList(), (QStringList{address(10), address(11)}));
-}
-
-int main(int argc, char **argv)
-{
-    support::TestNetwork::obtainRights(argv);
-    QCoreApplication application(argc, argv);
-    TestScan test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+SCAN_TEST_MAIN(TestScan)
 #include "tst_scan.moc"
