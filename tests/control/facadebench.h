@@ -131,6 +131,17 @@ public:
         return result == QLatin1String("OK");
     }
 
+    // What the unit holds in one field of a function.
+    uint held(int code, const char *field)
+    {
+        int value = 0;
+        host.withUnit([&](standin::Unit &unit) { value = unit.value(code, QLatin1String(field)); });
+        return static_cast<uint>(value);
+    }
+
+    // Another number for each start of the poll, so that a restart shows without a look at the clock.
+    int pollRun() const { return control->timerRefreshStatus->timerId(); }
+
     // The frames since the last look.
     QStringList frames()
     {

@@ -19,12 +19,12 @@ protected:
     bool raise()
     {
         net = std::make_unique<support::TestNetwork>();
-        const QString panel = net->addHost();
+        panelHost = net->addHost();
         unitsHost = net->addHost();
         const QString cable = net->addSwitch();
-        net->plug(panel, text("eth0"), cable, {text("192.168.72.1/24")});
+        net->plug(panelHost, text("eth0"), cable, {text("192.168.72.1/24")});
         net->plug(unitsHost, text("eth0"), cable, {text("192.168.72.10/24"), text("192.168.72.7/24")});
-        return net->isGood() && support::TestNetwork::enter(panel);
+        return net->isGood() && support::TestNetwork::enter(panelHost);
     }
 
     void open()
@@ -78,6 +78,7 @@ protected:
     }
 
     std::unique_ptr<support::TestNetwork> net;
+    QString panelHost;
     QString unitsHost;
     std::unique_ptr<support::UnitHost> unit;
     std::unique_ptr<mainControl> control;

@@ -13,6 +13,7 @@ private slots:
     void conversion_data();
     void conversion();
     void setPlain();
+    void setPlainShapesTheKey();
     void setPicked();
     void setAutomatic();
     void setByText();
@@ -100,6 +101,32 @@ void TestColor::setPlain()
     QCOMPARE(told.at(2), QStringLiteral("refreshCKAngle(11, 12)"));
     QCOMPARE(told.at(3), QStringLiteral("refreshCKBWLevel(33, 835, true)"));
     QVERIFY(bench.control->timerRefreshStatus->isActive());
+}
+
+// A coloured key moves the unit's angle and levels with it: what it moved them to is read back and told.
+void TestColor::setPlainShapesTheKey()
+{
+    FacadeBench bench;
+    QVERIFY(bench.connectUnit());
+    const qkv720 &device = *bench.device;
+    const auto stored = [&device] {
+        return QVector<uint>{device.ckAngleL, device.ckAngleR, device.ckBlackLevel, device.ckWhiteLevel};
+    };
+    const QVector<uint> before = stored();
+    bench.control->setBKColor(900, 300, 100, 0);
+    const QVector<uint> held{bench.held(standin::Angle, "left"), bench.held(standin::Angle, "right"),
+                             bench.held(standin::Levels, "black"), bench.held(standin::Levels, "white")};
+    for (int i = 0; i < held.size(); ++i)
+        QVERIFY2(held.at(i) != before.at(i), qPrintable(QString::number(i)));
+    QCOMPARE(stored(), held);
+    const QStringList told = bench.recorder->told;
+    QCOMPARE(told.size(), 4);
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY2(told.at(i).startsWith(QLatin1String("refreshBKColorAdjust(#e54c19, 900, 300, 100, 15, ")),
+                 qPrintable(told.at(i)));
+    }
+    QCOMPARE(told.at(2), QStringLiteral("refreshCKAngle(%1, %2)").arg(held.at(0)).arg(held.at(1)));
+    QCOMPARE(told.at(3), QStringLiteral("refreshCKBWLevel(%1, %2, false)").arg(held.at(2)).arg(held.at(3)));
 }
 
 void TestColor::setPicked()
@@ -199,10 +226,12 @@ void TestColor::refreshCursorTellsNothing()
     FacadeBench bench;
     bench.host.withUnit([](standin::Unit &unit) { unit.setCursorColour(7, 8, 9); });
     QVERIFY(bench.connectUnit());
+    const int formerRun = bench.pollRun();
     bench.control->refreshCursor(1, 2, 3, 4, 5, 6, 7, 8, 9);
     QCOMPARE(bench.frames(), QStringList{QStringLiteral("5d")});
     QCOMPARE(bench.recorder->told, QStringList());
-    QVERIFY(bench.control->timerRefreshStatus->remainingTime() > 1400);
+    QVERIFY(bench.control->timerRefreshStatus->isActive());
+    QVERIFY(bench.pollRun() != formerRun);
 }
 
 void TestColor::reset()

@@ -15,9 +15,23 @@ private slots:
     void withoutALink_data();
     void withoutALink();
     void nothingIsReadWithoutALink();
-    void failedSetsTellNothing();
-    void failedResetsTellTheStoredValues();
-    void failedKeyColour();
+    // In halves, which run side by side: each exchange that fails takes its whole ladder.
+    void failedSetsTellNothing() { failedSets(0, kHalf); }
+    void failedSetsTellNothingEither() { failedSets(kHalf, kAll); }
+    void failedResetsTellTheStoredValues() { failedResets(0, kHalf); }
+    void failedResetsTellTheStoredValuesToo() { failedResets(kHalf, kAll); }
+    void failedSpill();
+    void failedInputs();
+    void failedGenlockReset();
+    void failedColourReset();
+    void failedColour();
+    void failedColourByText();
+
+private:
+    static constexpr int kHalf = 7;
+    static constexpr int kAll = 13;
+    static void failedSets(int first, int end);
+    static void failedResets(int first, int end);
 };
 
 namespace {
@@ -144,12 +158,14 @@ void TestFailures::nothingIsReadWithoutALink()
 }
 
 // The device object writes its field and tries four times; the interface hears of the link alone.
-void TestFailures::failedSetsTellNothing()
+void TestFailures::failedSets(int first, int end)
 {
     FacadeBench bench;
     QVERIFY(bench.connectUnit());
     bench.host.setFault(standin::AnyCode, standin::Fault::silent());
-    for (const ParameterRow &row : rowsOf("set")) {
+    const QVector<ParameterRow> rows = rowsOf("set");
+    QCOMPARE(rows.size(), kAll);
+    for (const ParameterRow &row : rows.mid(first, end - first)) {
         bench.device->isConnected = true;
         bench.control->timerRefreshStatus->start();
         QElapsedTimer clock;
@@ -163,7 +179,7 @@ void TestFailures::failedSetsTellNothing()
     }
 }
 
-void TestFailures::failedResetsTellTheStoredValues()
+void TestFailures::failedResets(int first, int end)
 {
     FacadeBench bench;
     bench.host.withUnit(prepareParameters);
@@ -171,7 +187,9 @@ void TestFailures::failedResetsTellTheStoredValues()
     bench.control->getAuxMode(); // a connect doesn't read it
     bench.recorder->take();
     bench.host.setFault(standin::AnyCode, standin::Fault::silent());
-    for (const ParameterRow &row : rowsOf("reset")) {
+    const QVector<ParameterRow> rows = rowsOf("reset");
+    QCOMPARE(rows.size(), kAll);
+    for (const ParameterRow &row : rows.mid(first, end - first)) {
         bench.device->isConnected = true;
         bench.control->timerRefreshStatus->start();
         row.slot(*bench.control);
@@ -183,7 +201,71 @@ void TestFailures::failedResetsTellTheStoredValues()
     }
 }
 
-void TestFailures::failedKeyColour()
+void TestFailures::failedSpill()
+{
+    FacadeBench bench;
+    bench.host.withUnit(prepareParameters);
+    QVERIFY(bench.connectUnit());
+    bench.control->getCKSpillBright();
+    const QStringList stored = bench.recorder->take();
+    QCOMPARE(stored, QStringList{storedSignal(QStringLiteral("spill"))});
+    bench.frames();
+    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+
+    bench.control->resetCKSpillBright(1, true);
+    QCOMPARE(bench.recorder->take(), warnings(kAttempts) + stored);
+    QCOMPARE(bench.frames(), repeated("reset d6 00 00 00 00 00 00 00 00 00 09", kAttempts));
+    QVERIFY(!bench.control->isConnected());
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
+
+    bench.device->isConnected = true;
+    bench.control->timerRefreshStatus->start();
+    bench.control->setCKSpillBright(1, 2, 3, 4, 1, 2, false, true);
+    QCOMPARE(bench.recorder->take(), warnings(kAttempts));
+    QCOMPARE(bench.frames(), repeated("d6 01 00 02 00 03 00 04 00 01 0a", kAttempts));
+    QVERIFY(!bench.control->isConnected());
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
+}
+
+// The poll starts again with or without a link, and its next tick finds the link gone.
+void TestFailures::failedInputs()
+{
+    FacadeBench bench;
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.control->setVInSource(1, 2, 3, true, false, true, true, -2, 300);
+    QCOMPARE(bench.recorder->take(), warnings(kAttempts));
+    QCOMPARE(bench.frames(), repeated("e1 01 02 03 05 01 fe ff 2c 01", kAttempts));
+    QVERIFY(!bench.control->isConnected());
+    QVERIFY(bench.control->timerRefreshStatus->isActive());
+    QTRY_COMPARE_WITH_TIMEOUT(bench.recorder->told, warnings(1), 2500);
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
+}
+
+void TestFailures::failedGenlockReset()
+{
+    FacadeBench bench;
+    bench.host.withUnit([](standin::Unit &unit) {
+        unit.setData(standin::InputSelection, QByteArray::fromHex("01030205010500feff"));
+    });
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.control->resetGenlock();
+    const QStringList told = bench.recorder->take();
+    QCOMPARE(told.mid(0, kAttempts), warnings(kAttempts));
+    QCOMPARE(told.size(), kAttempts + 4);
+    QVERIFY2(told.at(kAttempts).startsWith(QLatin1String("refreshInputResolution(")),
+             qPrintable(told.at(kAttempts)));
+    QCOMPARE(told.mid(kAttempts + 1),
+             QStringList({QStringLiteral("refreshInputSource(1, 3, 2)"),
+                          QStringLiteral("refreshInputFreeze(true, false, true)"),
+                          QStringLiteral("refreshGenlock(1, 5, -2)")}));
+    QCOMPARE(bench.frames(), repeated("reset e1", kAttempts));
+    QVERIFY(!bench.control->isConnected());
+    QVERIFY(bench.control->timerRefreshStatus->isActive());
+}
+
+void TestFailures::failedColourReset()
 {
     FacadeBench bench;
     bench.host.withUnit(prepareParameters);
@@ -199,6 +281,44 @@ void TestFailures::failedKeyColour()
     QVERIFY2(told.value(kAttempts).startsWith(QLatin1String("refreshBKColorPicker(#1e2dc1, 120, 180, 760, ")),
              qPrintable(told.value(kAttempts)));
     QCOMPARE(told.mid(kAttempts + 1), behind);
+    QCOMPARE(bench.frames(), repeated("reset d0 00 00 00 00 00 00 00", kAttempts));
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
+}
+
+// What was set is told once, by the second of the two signals: the colour is not read back over a link that is gone,
+// and the angle and the levels are told as stored.
+void TestFailures::failedColour()
+{
+    FacadeBench bench;
+    bench.host.withUnit(prepareParameters);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.control->setBKColor(900, 300, 100, 0);
+    const QStringList told = bench.recorder->take();
+    QCOMPARE(told.mid(0, kAttempts), warnings(kAttempts));
+    QVERIFY2(
+        told.value(kAttempts).startsWith(QLatin1String("refreshBKColorAdjust(#e54c19, 900, 300, 100, 15, ")),
+        qPrintable(told.value(kAttempts)));
+    QCOMPARE(told.mid(kAttempts + 1),
+             QStringList({QStringLiteral("refreshCKAngle(3, 4)"),
+                          QStringLiteral("refreshCKBWLevel(100, 900, true)")}));
+    QCOMPARE(bench.frames(), repeated("d0 84 03 2c 01 64 00 00", kAttempts));
+    QVERIFY(!bench.control->isConnected());
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
+}
+
+void TestFailures::failedColourByText()
+{
+    FacadeBench bench;
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.control->setBKColor(QStringLiteral("#ff0000"), 0);
+    const QStringList told = bench.recorder->take();
+    QCOMPARE(told.mid(0, kAttempts), warnings(kAttempts));
+    QCOMPARE(told.size(), kAttempts + 1);
+    QVERIFY2(told.last().startsWith(QLatin1String("refreshBKColorAdjust(#ff0000, 255, 0, 0, 0, 1, ")),
+             qPrintable(told.last()));
+    QCOMPARE(bench.frames(), repeated("d0 ff 00 00 00 00 00 00", kAttempts));
     QVERIFY(!bench.control->timerRefreshStatus->isActive());
 }
 

@@ -22,7 +22,11 @@ private slots:
     void otherUnitOnly();
     void lastMatchingAdapterWins();
     void emptySavedAdapterTakesTheLast();
-    void stalledScanCountsAsOneAllTheSame();
+    void stalledScanIsNoScan();
+    void stalledScanAtTheStartIsOne();
+
+private:
+    std::unique_ptr<Devices> chatter();
 };
 
 void TestNetwork::scanFindsUnits()
@@ -167,25 +171,39 @@ void TestNetwork::emptySavedAdapterTakesTheLast()
     QCOMPARE(recorder->told.value(0), QStringLiteral("refreshIPSelectList()"));
 }
 
-void TestNetwork::stalledScanCountsAsOneAllTheSame()
+// A panel whose next scan finds one datagram more than it collects: it stays in the queue, and the scan reports that it
+// isn't done, after the 50 s that it waits for that.
+std::unique_ptr<Devices> TestNetwork::chatter()
 {
     unit.reset();
     writeSettings(
         QStringLiteral("[connection]\nnetcard=[192.168.72.1] eth0\nipaddress=192.168.72.10\nmac=AA\n"));
-    // One datagram more than a scan collects is left in the queue, and the scan reports that it isn't done.
-    const Devices chatter(unitsHost, {text("192.168.72.7")}, [](Devices &, const Devices::Request &request) {
-        for (int i = 0; i < 12; ++i)
-            Devices::send(request, text("192.168.72.7"), QByteArray("?"));
-    });
-    QVERIFY(chatter.isGood());
     control = std::make_unique<mainControl>();
     control->timerStartUp->stop();
     control->getNetcardList();
-    // Asked for by the operator, the scan tells what it is worth ...
+    const auto talk = [](Devices &, const Devices::Request &request) {
+        for (int i = 0; i < 12; ++i)
+            Devices::send(request, text("192.168.72.7"), QByteArray("?"));
+    };
+    return std::make_unique<Devices>(unitsHost, QStringList{text("192.168.72.7")}, talk);
+}
+
+// Asked for by the operator, the scan tells what it is worth ...
+void TestNetwork::stalledScanIsNoScan()
+{
+    const auto devices = chatter();
+    QVERIFY(devices->isGood());
     QCOMPARE(control->hlnpScan(QStringLiteral("scan"), 0), 0u);
     QVERIFY(!didScan);
-    // ... and at the start its table is what stands from then on.
+}
+
+// ... and at the start its table is what stands from then on.
+void TestNetwork::stalledScanAtTheStartIsOne()
+{
+    const auto devices = chatter();
+    QVERIFY(devices->isGood());
     control->autoRun();
+    QVERIFY(!deviceOf(*control)->hlnpObj->scanDone);
     QVERIFY(didScan);
 }
 
