@@ -8,11 +8,13 @@
 #include "tests/support/unithost.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
 #include <QtTest>
 
+#include <functional>
 #include <memory>
 
 // The device object behind the facade: reached by naming the member in an explicit instantiation, which may.
@@ -139,8 +141,21 @@ public:
         return static_cast<uint>(value);
     }
 
-    // Another number for each start of the poll, so that a restart shows without a look at the clock.
-    int pollRun() const { return control->timerRefreshStatus->timerId(); }
+    // Whether `call` starts the running poll anew. However slow the machine: a poll that was started in the call has
+    // not run for longer than the call took, one that was left alone has.
+    bool startsThePoll(const std::function<void()> &call)
+    {
+        constexpr int kRunMs = 40;
+        QTimer &poll = *control->timerRefreshStatus;
+        poll.setTimerType(Qt::PreciseTimer);
+        poll.start();
+        QTest::qSleep(kRunMs);
+        QElapsedTimer clock;
+        clock.start();
+        call();
+        const int left = poll.remainingTime();
+        return poll.isActive() && left > poll.interval() - clock.elapsed() - kRunMs / 2;
+    }
 
     // The frames since the last look.
     QStringList frames()

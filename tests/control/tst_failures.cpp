@@ -45,6 +45,12 @@ QByteArray fieldsOf(const qkv720 &device)
     return QByteArray(reinterpret_cast<const char *>(&device), sizeof device);
 }
 
+// As good as silence, and the transport does not wait a second more for it.
+standin::Fault noReply()
+{
+    return standin::Fault::shortened(3);
+}
+
 QStringList repeated(const char *text, int count)
 {
     QStringList list;
@@ -162,7 +168,7 @@ void TestFailures::failedSets(int first, int end)
 {
     FacadeBench bench;
     QVERIFY(bench.connectUnit());
-    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.host.setFault(standin::AnyCode, noReply());
     const QVector<ParameterRow> rows = rowsOf("set");
     QCOMPARE(rows.size(), kAll);
     for (const ParameterRow &row : rows.mid(first, end - first)) {
@@ -186,7 +192,7 @@ void TestFailures::failedResets(int first, int end)
     QVERIFY(bench.connectUnit());
     bench.control->getAuxMode(); // a connect doesn't read it
     bench.recorder->take();
-    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.host.setFault(standin::AnyCode, noReply());
     const QVector<ParameterRow> rows = rowsOf("reset");
     QCOMPARE(rows.size(), kAll);
     for (const ParameterRow &row : rows.mid(first, end - first)) {
@@ -210,7 +216,7 @@ void TestFailures::failedSpill()
     const QStringList stored = bench.recorder->take();
     QCOMPARE(stored, QStringList{storedSignal(QStringLiteral("spill"))});
     bench.frames();
-    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.host.setFault(standin::AnyCode, noReply());
 
     bench.control->resetCKSpillBright(1, true);
     QCOMPARE(bench.recorder->take(), warnings(kAttempts) + stored);
@@ -232,7 +238,7 @@ void TestFailures::failedInputs()
 {
     FacadeBench bench;
     QVERIFY(bench.connectUnit());
-    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.host.setFault(standin::AnyCode, noReply());
     bench.control->setVInSource(1, 2, 3, true, false, true, true, -2, 300);
     QCOMPARE(bench.recorder->take(), warnings(kAttempts));
     QCOMPARE(bench.frames(), repeated("e1 01 02 03 05 01 fe ff 2c 01", kAttempts));
@@ -249,7 +255,7 @@ void TestFailures::failedGenlockReset()
         unit.setData(standin::InputSelection, QByteArray::fromHex("01030205010500feff"));
     });
     QVERIFY(bench.connectUnit());
-    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.host.setFault(standin::AnyCode, noReply());
     bench.control->resetGenlock();
     const QStringList told = bench.recorder->take();
     QCOMPARE(told.mid(0, kAttempts), warnings(kAttempts));
@@ -270,7 +276,7 @@ void TestFailures::failedColourReset()
     FacadeBench bench;
     bench.host.withUnit(prepareParameters);
     QVERIFY(bench.connectUnit());
-    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.host.setFault(standin::AnyCode, noReply());
     // The reset's own failure ends the link; the angle's and the levels' resets behind it don't try any more, and
     // what is stored is told.
     bench.control->resetBKColor();
@@ -292,7 +298,7 @@ void TestFailures::failedColour()
     FacadeBench bench;
     bench.host.withUnit(prepareParameters);
     QVERIFY(bench.connectUnit());
-    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.host.setFault(standin::AnyCode, noReply());
     bench.control->setBKColor(900, 300, 100, 0);
     const QStringList told = bench.recorder->take();
     QCOMPARE(told.mid(0, kAttempts), warnings(kAttempts));
@@ -311,7 +317,7 @@ void TestFailures::failedColourByText()
 {
     FacadeBench bench;
     QVERIFY(bench.connectUnit());
-    bench.host.setFault(standin::AnyCode, standin::Fault::silent());
+    bench.host.setFault(standin::AnyCode, noReply());
     bench.control->setBKColor(QStringLiteral("#ff0000"), 0);
     const QStringList told = bench.recorder->take();
     QCOMPARE(told.mid(0, kAttempts), warnings(kAttempts));
