@@ -41,7 +41,7 @@ QString parseAssignments(const UnitFunction &function, const QStringList &texts,
 {
     for (const QString &text : texts) {
         Assignment assignment{};
-        const QString trouble = parseAssignment(function, text, assignment);
+        QString trouble = parseAssignment(function, text, assignment);
         if (!trouble.isEmpty())
             return trouble;
         for (const Assignment &earlier : qAsConst(all)) {
