@@ -1,5 +1,4 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
 import "blocks"
 import "blocks/Pictures.js" as Pictures
 
@@ -76,8 +75,8 @@ Item {
         }
         onRead: mainObject.getLumaKey()
         onReset: mainObject.resetLumaKey()
-        // The page starts switched off, but with its parts drawn and answering as if on: they go grey with the
-        // first refresh or click.
+        // The page starts switched off, but with its parts drawn and answering as if on: they go grey with
+        // the first refresh or click.
         onShown: {
             auxLumakeyKeymode.color = Look.text(on)
             auxLumakeyLayer.color = Look.text(on)

@@ -51,8 +51,10 @@ Item {
                 console.log("on Left TExtFieldChanged", typedRow.textValue, typedRow.title)
             mainObject.setHoldoutWindow(holdoutWindowOn, holdoutInvertOn,
                                         holdoutWindowLeft.value(typedRow),
-                                        holdoutWindowRight.value(typedRow), holdoutWindowTop.value(typedRow),
-                                        holdoutWindowBottom.value(typedRow), holdoutWindowBorder.value(typedRow))
+                                        holdoutWindowRight.value(typedRow),
+                                        holdoutWindowTop.value(typedRow),
+                                        holdoutWindowBottom.value(typedRow),
+                                        holdoutWindowBorder.value(typedRow))
         }
         onRead: mainObject.getHoldoutWindow()
         onReset: mainObject.resetHoldoutWindow()

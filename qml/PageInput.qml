@@ -1,5 +1,4 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
 import "blocks"
 import "blocks/Pictures.js" as Pictures
 

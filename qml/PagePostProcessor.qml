@@ -177,7 +177,8 @@ Item {
                 onSend: {
                     if (typedRow === ppbgBlurValue)
                         console.log("onBlurTExtFieldChanged")
-                    mainObject.setBGBlur(bgBlurOn, ppbgBlurValue.value(typedRow), ppbgBlurTime.value(typedRow))
+                    mainObject.setBGBlur(bgBlurOn, ppbgBlurValue.value(typedRow),
+                                         ppbgBlurTime.value(typedRow))
                 }
                 onRead: mainObject.getBGBlur()
                 onReset: mainObject.resetBGBlur()

@@ -4,8 +4,8 @@ import ".."
 // One value of a section: a moved slider sends the section's group soon, a typed number at once, and the
 // unit's answer moves the slider.
 //
-// Properties: section (the GroupSection it stands in), command (what a move sends: the number of the section);
-//             the range is 0 to 1000 unless told otherwise.
+// Properties: section (the GroupSection it stands in), command (what a move sends: the number of the
+//             section); the range is 0 to 1000 unless told otherwise.
 // Functions:  value(typedRow), the typed number in the row where it was typed, else the slider's.
 // Calls sendSoon(command) of the page.
 MyControlItem {

@@ -1,7 +1,8 @@
 pragma Singleton
 import QtQuick 2.12
 
-// The font rule and the colours of the whole screen. Texts and not colours: what shows one can also be read as text.
+// The font rule and the colours of the whole screen. Texts and not colours: what shows one can also be read
+// as text.
 QtObject {
     readonly property bool latin: qmlTranslator.currentLanguage() + qmlTranslator.e_str === "en_US"
 

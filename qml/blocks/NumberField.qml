@@ -4,8 +4,6 @@ import QtQuick 2.12
 //
 // Functions: number() is the number that the text shows, group signs or not; NaN while it shows none.
 DarkTextField {
-    id: numberField
-
     property alias lowest: range.bottom
     property alias highest: range.top
 

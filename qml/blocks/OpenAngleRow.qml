@@ -1,5 +1,4 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
 import "."
 
 // One row of the open angle: sign, slider with the bar of its hues below, step buttons, number field.
@@ -92,8 +91,8 @@ InputLine {
         maximumLength: 4
         lowest: angleSlider.minimumValue
         highest: angleSlider.maximumValue
-        // Each keystroke moves the slider. An emptied field or a lone sign is a number not yet typed: it moves
-        // nothing, and when the operator leaves it the field shows the slider again.
+        // Each keystroke moves the slider. An emptied field or a lone sign is a number not yet typed: it
+        // moves nothing, and when the operator leaves it the field shows the slider again.
         onTextChanged: {
             var typed = number()
             if (!isNaN(typed))

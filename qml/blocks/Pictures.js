@@ -16,7 +16,3 @@ function switchFace(on) {
 function deadSwitchFace(on) {
     return on ? "btn_switch_d_on_dashboard.png" : "btn_switch_d_off_dashboard.png"
 }
-
-function resetFace(on) {
-    return on ? "btn_n_reset_dashboard.png" : "btn_d_reset_dashboard.png"
-}

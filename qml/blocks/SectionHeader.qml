@@ -2,8 +2,9 @@ import QtQuick 2.12
 
 // The header row of a foldable section: fold mark, title, switch, reset.
 //
-// Properties: title; folded (the chevron); foldable (else the mark only stands there); hasSwitch; switchSource,
-//             resetSource (pictures); resetEnabled; titleItem, foldButton, switchButton, resetButton (items).
+// Properties: title; folded (the chevron); foldable (else the mark only stands there); hasSwitch;
+//             switchSource, resetSource (pictures); resetEnabled; titleItem, foldButton, switchButton,
+//             resetButton (items).
 // Signals:    foldClicked(), switchClicked(), resetPressedDown(), resetReleased().
 InputLine {
     id: sectionHeader

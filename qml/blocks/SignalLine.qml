@@ -14,7 +14,7 @@ InputLine {
     property alias freezes: freezeSwitch.visible
     property alias resolution: resolutionText
     property alias freezeSwitch: freezeSwitch
-    default property alias source: sourceColumn.data
+    default property alias sourceItems: sourceColumn.data
 
     signal switched()
 

@@ -4,8 +4,9 @@ import "."
 
 // A rectangular window on the picture: switch, four edges, border, invert. It does not fold.
 //
-// Properties: invertOn; lastX, lastY (the ends of the edges' ranges); items: leftRow, rightRow, topRow, bottomRow,
-//             borderRow, invertTitle, invertSwitch (the words come from the page), throttle; all of GroupSection.
+// Properties: invertOn; lastX, lastY (the ends of the edges' ranges); items: leftRow, rightRow, topRow,
+//             bottomRow, borderRow, invertTitle, invertSwitch (the words come from the page), throttle; all
+//             of GroupSection.
 // Functions:  report(...) shows what the unit reports; retranslate() puts back the faces that a switch of
 //             the language leaves behind.
 // Reads sourcePath of the page.
