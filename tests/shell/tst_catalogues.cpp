@@ -87,18 +87,10 @@ class TestCatalogues : public QObject
 private slots:
     void countsPerContext()
     {
-        const QHash<QString, int> expected{
-            {QStringLiteral("main"), 63},
-            {QStringLiteral("mainControl"), 14},
-            {QStringLiteral("qkv720"), 6},
-            {QStringLiteral("HLNP"), 11},
-            {QStringLiteral("PageInput"), 13},
-            {QStringLiteral("PageChromakey"), 40},
-            {QStringLiteral("PagePostProcessor"), 15},
-            {QStringLiteral("PageGarbageMask"), 7},
-            {QStringLiteral("PageHoldoutWindow"), 7},
-            {QStringLiteral("PageAuxLumakey"), 11},
-        };
+        QHash<QString, int> expected;
+        for (const Message &message : messages())
+            ++expected[message.context];
+        QCOMPARE(expected.size(), 10);
         for (const QString &language : kLanguages) {
             QHash<QString, int> counted;
             const QString path =
@@ -107,10 +99,10 @@ private slots:
             for (const Key &key : keys)
                 ++counted[key.first];
             QCOMPARE(counted, expected);
-            // With the three entries of empty source text a catalogue holds 190 messages.
+            // Beside them it holds three entries of empty source text.
             QFile file(path);
             QVERIFY(file.open(QIODevice::ReadOnly));
-            QCOMPARE(file.readAll().count("<message>"), 190);
+            QCOMPARE(file.readAll().count("<message>"), messages().size() + 3);
         }
     }
 
@@ -128,7 +120,7 @@ private slots:
         QVERIFY(translator.load(QStringLiteral("app_") + kLanguages.at(language), QStringLiteral(":/")));
         QVERIFY(QCoreApplication::installTranslator(&translator));
         const QVector<Message> all = messages();
-        QCOMPARE(all.size(), 187);
+        QVERIFY(!all.isEmpty());
         for (const Message &message : all) {
             const QByteArray context = message.context.toUtf8();
             const QByteArray source = message.source.toUtf8();

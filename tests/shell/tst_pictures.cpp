@@ -220,8 +220,6 @@ void TestPictures::areTheOnlyOnes()
         found.sort();
         QCOMPARE(found, expected);
     }
-    QCOMPARE(QDir(folders().first()).entryList(QDir::Files).size(), 85);
-    QCOMPARE(QDir(folders().last()).entryList(QDir::Files).size(), 39);
 }
 
 void TestPictures::areOpaque_data()
@@ -398,7 +396,11 @@ void TestPictures::areWhatTheScriptDraws()
     QVERIFY(script.waitForFinished(120000));
     const QByteArray told = script.readAll();
     QVERIFY2(script.exitStatus() == QProcess::NormalExit && script.exitCode() == 0, told.constData());
-    QVERIFY2(told.contains("164 pictures are as drawn"), told.constData());
+    // All of them were looked at; the icon is drawn by the same script.
+    int pictures = 1;
+    for (const QString &folder : folders())
+        pictures += QDir(folder).entryList({QStringLiteral("*.png")}, QDir::Files).size();
+    QVERIFY2(told.contains(QByteArray::number(pictures) + " pictures are as drawn"), told.constData());
 }
 
 QTEST_GUILESS_MAIN(TestPictures)
