@@ -1,4 +1,5 @@
 #include "tests/ctl/ctlrun.h"
+#include "tests/support/checked.h"
 #include "tests/support/loopback.h"
 
 using support::CtlBench;
@@ -127,7 +128,7 @@ void CommandLineTest::nothingIsSentForAWrongValue()
 void CommandLineTest::savedUnit()
 {
     const CtlBench bench;
-    writeProfile("unit.ini", "interface=1\nipaddress=" + bench.host.address());
+    CHECKED(writeProfile("unit.ini", "interface=1\nipaddress=" + bench.host.address()));
     const CtlRun run = runCtl(words("--profile unit.ini --json info"));
     QCOMPARE(run.json().value("address").toString(), bench.host.address());
     QCOMPARE(run.exitCode, 0);
@@ -142,7 +143,8 @@ void CommandLineTest::savedUnit()
 void CommandLineTest::savedPort()
 {
     const CtlBench bench(kSerialLink);
-    writeProfile("port.ini", "interface=2\nipaddress=127.0.0.1\nserialport=" + bench.host.serialPortName());
+    CHECKED(writeProfile("port.ini",
+                         "interface=2\nipaddress=127.0.0.1\nserialport=" + bench.host.serialPortName()));
     const CtlRun run = runCtl(words("--profile port.ini --json info"));
     QCOMPARE(run.json().value("link").toString(), QStringLiteral("serial"));
     QCOMPARE(run.json().value("address").toString(), bench.host.serialPortName());
@@ -154,7 +156,7 @@ void CommandLineTest::profilesWithoutAUnit()
     CtlRun run = runCtl(words("--profile nowhere.ini info"));
     QCOMPARE(run.messages, "qkv720ctl: nowhere.ini cannot be read" + advice);
     QCOMPARE(run.exitCode, 2);
-    writeProfile("empty.ini", "interface=1\n");
+    CHECKED(writeProfile("empty.ini", "interface=1\n"));
     run = runCtl(words("--profile empty.ini info"));
     QCOMPARE(run.messages, "qkv720ctl: empty.ini holds no unit" + advice);
     QCOMPARE(run.exitCode, 2);

@@ -1,5 +1,6 @@
 #include "ctl/show.h"
 #include "tests/ctl/ctlrun.h"
+#include "tests/support/checked.h"
 #include "tests/support/loopback.h"
 
 using standin::Fault;
@@ -297,7 +298,7 @@ void ShowTest::brokenFiles()
 {
     QFETCH(QByteArray, content);
     QFETCH(QString, sentence);
-    write("broken.json", content);
+    CHECKED(write("broken.json", content));
     const CtlRun run = runCtl({"--host", support::deafLoopback(), "show", "load", "broken.json"});
     QCOMPARE(run.messages, "qkv720ctl: broken.json: " + sentence + '\n');
     QCOMPARE(run.exitCode, 2);

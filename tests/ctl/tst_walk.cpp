@@ -1,6 +1,7 @@
 #include "ctl/fieldtext.h"
 #include "standin/functions.h"
 #include "tests/ctl/ctlrun.h"
+#include "tests/support/checked.h"
 
 using support::CtlBench;
 using support::CtlRun;
@@ -86,7 +87,7 @@ void WalkTest::walk(uint method, int first, int end)
                 QFAIL(function->name);
         }
         if (function->reset)
-            resetOne(bench, *function);
+            CHECKED(resetOne(bench, *function));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "tests/device/devicebench.h"
 #include "tests/device/functiontable.h"
+#include "tests/support/checked.h"
 
 #include <algorithm>
 
@@ -120,7 +121,7 @@ void OperationsTest::set(uint method)
 {
     QFETCH(FunctionRow, function);
     QFETCH(SetRow, row);
-    connectOnce(method);
+    CHECKED(connectOnce(method));
     if (QTest::currentTestFailed())
         return;
     // An answer full of other values: a set reads none of it.
@@ -141,7 +142,7 @@ void OperationsTest::set(uint method)
 void OperationsTest::get(uint method)
 {
     QFETCH(FunctionRow, function);
-    connectOnce(method);
+    CHECKED(connectOnce(method));
     if (QTest::currentTestFailed())
         return;
     const QVector<FunctionRow> functions = allFunctions();
@@ -178,7 +179,7 @@ void OperationsTest::reset(uint method)
 {
     QFETCH(FunctionRow, function);
     QFETCH(ResetRow, row);
-    connectOnce(method);
+    CHECKED(connectOnce(method));
     if (QTest::currentTestFailed())
         return;
     const QByteArray body = replyBody(function.getCode + 0x80, unlikeBytes(function.dataLength, 0x01, 0x1D));
@@ -250,7 +251,7 @@ void OperationsTest::failedResetsOnSerialKeepTheState()
 {
     QFETCH(FunctionRow, function);
     QFETCH(ResetRow, row);
-    connectOnce(kSerialLink);
+    CHECKED(connectOnce(kSerialLink));
     if (QTest::currentTestFailed())
         return;
     // An answer of two bytes passes the transport and fails the operation's own test.
@@ -278,7 +279,7 @@ void OperationsTest::failedGetsOnNetworkKeepTheState()
 void OperationsTest::failedGetsOnSerialKeepTheState()
 {
     QFETCH(FunctionRow, function);
-    connectOnce(kSerialLink);
+    CHECKED(connectOnce(kSerialLink));
     if (QTest::currentTestFailed())
         return;
     bench->host.setFault(standin::AnyCode, standin::Fault::shortened(2));

@@ -1,5 +1,6 @@
 #include "panelfacade.h"
 #include "panelharness.h"
+#include "tests/support/checked.h"
 
 // The connection panel, the mask and the notices, worked by mouse and keys over a recorded facade.
 class TestConnection : public QObject
@@ -93,10 +94,10 @@ void TestConnection::headerButtonOpensThePanel()
     QVERIFY(h->standsClosed("popupConnect"));
     QVERIFY(!h->flag("btnConnectClicked"));
     QCOMPARE(h->face("btnConnect"), QStringLiteral("btn_n_connect_dashboard"));
-    openPanel();
+    CHECKED(openPanel());
     h->clickAt(QPoint(100, 600));
     QVERIFY(h->standsClosed("popupConnect"));
-    openPanel();
+    CHECKED(openPanel());
     h->clickAt(QPoint(353 + 626, 24 + 27));
     QVERIFY(h->standsClosed("popupConnect"));
     QVERIFY(h->flag("popupMask.opened"));
@@ -116,7 +117,7 @@ void TestConnection::maskKeepsTheOperatorOut()
 
 void TestConnection::scanWritesOnPressAndWorksOnRelease()
 {
-    openPanel();
+    CHECKED(openPanel());
     showUnit(false, "192.168.99.1");
     QVERIFY(h->flag("ipAddrError"));
     h->press("imgConnectScan");
@@ -140,7 +141,7 @@ void TestConnection::scanWritesOnPressAndWorksOnRelease()
 
 void TestConnection::scanOnReleaseOutside()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->press("imgConnectScan");
     QTest::mouseMove(h->window, QPoint(500, 600));
     QTest::mouseRelease(h->window, Qt::LeftButton, {}, QPoint(500, 600));
@@ -149,7 +150,7 @@ void TestConnection::scanOnReleaseOutside()
 
 void TestConnection::choosingAUnitAsksForItsData()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->click("imgConnectScan");
     facade->forget();
     h->choose("comboIPSelect", 1);
@@ -158,7 +159,7 @@ void TestConnection::choosingAUnitAsksForItsData()
 
 void TestConnection::interfaceChangesLabelAndList()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->eval("msgConnect.text = 'x'");
     QCOMPARE(h->text("labelConnectComPort.text"), QStringLiteral("EtherNetCard"));
     QCOMPARE(h->text("comboConnectComPort.currentText"), QStringLiteral("[192.168.72.10] enp3s0"));
@@ -181,7 +182,7 @@ void TestConnection::interfaceChangesLabelAndList()
 
 void TestConnection::addressFieldsFollowTheMode()
 {
-    openPanel();
+    CHECKED(openPanel());
     const QStringList fields = {"txtIPAddr", "txtNetmask", "txtGateway", "txtPrimdns", "txtSecdns"};
     for (const QString &id : fields) {
         QVERIFY(h->flag(id + ".readOnly"));
@@ -212,7 +213,7 @@ void TestConnection::addressFieldsFollowTheMode()
 
 void TestConnection::fieldsRefuseWhatIsNoAddress()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->choose("comboAddrmode", 1);
     h->type("txtGateway", "10.1.2.299x");
     QCOMPARE(h->text("txtGateway.text"), QStringLiteral("10.1.2.29"));
@@ -220,7 +221,7 @@ void TestConnection::fieldsRefuseWhatIsNoAddress()
 
 void TestConnection::hostNameTakesFifteenCharacters()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->type("txtHostname", "AbC_ 6789.-012345678");
     QCOMPARE(h->text("txtHostname.text"), QStringLiteral("AbC_ 6789012345"));
     QVERIFY(h->flag("txtHostname.acceptableInput"));
@@ -228,7 +229,7 @@ void TestConnection::hostNameTakesFifteenCharacters()
 
 void TestConnection::connectByNetwork()
 {
-    openPanel();
+    CHECKED(openPanel());
     showUnit();
     h->eval("msgConnect.text = 'x'");
     h->press("btnConnectConnect");
@@ -247,7 +248,7 @@ void TestConnection::connectByNetwork()
 
 void TestConnection::connectOutsideTheSubnet()
 {
-    openPanel();
+    CHECKED(openPanel());
     showUnit(false, "192.168.73.128");
     QCOMPARE(h->color("txtIPAddr.color"), QStringLiteral("#990000"));
     QVERIFY(h->flag("labelIPAddrError.visible"));
@@ -260,7 +261,7 @@ void TestConnection::connectOutsideTheSubnet()
 
 void TestConnection::subnetTestIsASubstringTest()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->choose("comboConnectComPort", 1);
     showUnit(false, "110.0.5.9");
     QVERIFY(!h->flag("ipAddrError"));
@@ -272,7 +273,7 @@ void TestConnection::connectWithoutAdapterDoesNothing()
 {
     facade->adapters.clear();
     emit facade->refreshNetcardList({});
-    openPanel();
+    CHECKED(openPanel());
     showUnit();
     h->click("btnConnectConnect");
     QCOMPARE(facade->calls, QStringList());
@@ -285,7 +286,7 @@ void TestConnection::connectWithoutAdapterDoesNothing()
 
 void TestConnection::connectBySerial()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->choose("comboConnectInterface", 1);
     h->choose("comboConnectComPort", 1);
     h->click("btnConnectConnect");
@@ -308,7 +309,7 @@ void TestConnection::connectResults()
     QFETCH(QString, result);
     QFETCH(QString, shown);
     facade->connectResult = result;
-    openPanel();
+    CHECKED(openPanel());
     showUnit();
     h->click("btnConnectConnect");
     QCOMPARE(h->text("msgConnect.text"), shown);
@@ -320,7 +321,7 @@ void TestConnection::connectResults()
 
 void TestConnection::foundUnitFillsTheForm()
 {
-    openPanel();
+    CHECKED(openPanel());
     showUnit(true);
     QCOMPARE(h->number("comboConnectComPort.currentIndex"), 0);
     QCOMPARE(h->number("comboAddrmode.currentIndex"), 0);
@@ -430,7 +431,7 @@ void TestConnection::redMarksSurviveARefresh()
 
 void TestConnection::save()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->click("imgConnectScan");
     showUnit();
     facade->forget();
@@ -453,7 +454,7 @@ void TestConnection::save()
 
 void TestConnection::saveRefusals()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->click("btnConnectSave");
     QCOMPARE(h->text("msgConnect.text"), QStringLiteral("Please scan and find devices first."));
     QCOMPARE(facade->calls, QStringList());
@@ -467,7 +468,7 @@ void TestConnection::disconnectCountsSixTicks()
     emit facade->autoConnectResult("OK");
     QVERIFY(h->standsClosed("popupMask"));
     facade->connected = true;
-    openPanel();
+    CHECKED(openPanel());
     h->eval("outputTitleUserMemOp.text = 'x'");
     h->click("btnConnectDisconnect");
     QCOMPARE(facade->calls, QStringList({"isConnected()", "deviceDisConnect(1)"}));
@@ -503,7 +504,7 @@ void TestConnection::disconnectCountsSixTicks()
 
 void TestConnection::disconnectWithoutLinkDoesNothing()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->click("btnConnectDisconnect");
     QCOMPARE(facade->calls, QStringList("isConnected()"));
     QVERIFY(!h->flag("notifyTimer.running"));
@@ -512,7 +513,7 @@ void TestConnection::disconnectWithoutLinkDoesNothing()
 
 void TestConnection::hiddenResetKeepsItsBehaviour()
 {
-    openPanel();
+    CHECKED(openPanel());
     h->eval("btnConnectReset.visible = true");
     h->press("btnConnectReset");
     QCOMPARE(h->text("msgConnect.text"), QString());
@@ -530,7 +531,7 @@ void TestConnection::hiddenResetKeepsItsBehaviour()
 
 void TestConnection::warningOpensOnlyForALostLink()
 {
-    openPanel();
+    CHECKED(openPanel());
     emit facade->warning("Something else");
     QCOMPARE(h->text("msgConnect.text"), QStringLiteral("Something else"));
     QVERIFY(!h->flag("popupWarning.visible"));

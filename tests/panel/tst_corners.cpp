@@ -1,5 +1,6 @@
 #include "panelfacade.h"
 #include "panelharness.h"
+#include "tests/support/checked.h"
 
 // Corners of the window that an operator gets to: blank combos, emptied fields, the keyboard under the mask, and
 // reports that nobody sees.
@@ -64,7 +65,7 @@ bool TestCorners::focusIn(const char *id) const
 
 void TestCorners::blankRoutingStaysBlankOverALanguageSwitch()
 {
-    connectUnit();
+    CHECKED(connectUnit());
     emit facade->refreshOutputSourcePGM(0, false, false);
     emit facade->refreshOutputSourcePVW(4, false, false);
     for (const char *language : {"zh_TW", "zh_CN", "en_US"}) {
@@ -137,7 +138,7 @@ void TestCorners::tabStaysOutsideTheMask()
 
 void TestCorners::tabIsFreeWithoutTheMask()
 {
-    connectUnit();
+    CHECKED(connectUnit());
     h->choose("comboMainLanguage", 1);
     bool left = false;
     for (int i = 0; i < 5; ++i) {
@@ -149,7 +150,7 @@ void TestCorners::tabIsFreeWithoutTheMask()
 
 void TestCorners::reportUnseenLetsThePollGoOn()
 {
-    connectUnit();
+    CHECKED(connectUnit());
     emit facade->showVout(20, 2, 0);
     QCOMPARE(h->number("comboSetupVOutRes.currentIndex"), 14);
     QCOMPARE(facade->callsOf("setRefreshTimer").constLast(), QStringLiteral("setRefreshTimer(true)"));
@@ -161,7 +162,7 @@ void TestCorners::reportUnseenLetsThePollGoOn()
 
 void TestCorners::reportUnderTheOpenPanelHoldsThePoll()
 {
-    connectUnit();
+    CHECKED(connectUnit());
     h->click("btnSetup");
     QVERIFY(h->standsOpen("popupSetup"));
     facade->forget();
@@ -172,7 +173,7 @@ void TestCorners::reportUnderTheOpenPanelHoldsThePoll()
 
 void TestCorners::reportWithoutLinkStartsNoPoll()
 {
-    connectUnit();
+    CHECKED(connectUnit());
     facade->connected = false;
     emit facade->showVout(20, 0, 0);
     QCOMPARE(facade->callsOf("setRefreshTimer"), QStringList("setRefreshTimer(false)"));

@@ -1,5 +1,6 @@
 #include "panelfacade.h"
 #include "panelharness.h"
+#include "tests/support/checked.h"
 
 // What the window shows at the moment of a call, in which order it closes things, and what its lists and rows hold.
 
@@ -111,7 +112,7 @@ void TestWindow::statusStandsAtTheCall()
     QCOMPARE(facade->seen, QStringList({"scan: Scanning...", "network: Saving..."}));
     h->eval("popupConnect.close()");
     QVERIFY(h->standsClosed("popupConnect"));
-    connectUnit();
+    CHECKED(connectUnit());
     facade->seen.clear();
     facade->watched = "outputTitleUserMemOp.text";
     h->click("outputMemoryLock");
@@ -130,7 +131,7 @@ void TestWindow::saveIsDisabledAtTheCall()
     QVERIFY(h->flag("btnConnectSave.enabled"));
     h->eval("popupConnect.close()");
     QVERIFY(h->standsClosed("popupConnect"));
-    connectUnit();
+    CHECKED(connectUnit());
     h->click("btnSetup");
     QVERIFY(h->standsOpen("popupSetup"));
     facade->watched = "btnSetupSave.enabled";
@@ -202,7 +203,7 @@ void TestWindow::escapeClosesTheWarningAlone()
 {
     QFETCH(bool, masked);
     if (!masked)
-        connectUnit();
+        CHECKED(connectUnit());
     emit facade->warning("Disconnected");
     QVERIFY(h->standsOpen("popupWarning"));
     // A press beside it does nothing.

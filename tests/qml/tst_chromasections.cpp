@@ -1,4 +1,5 @@
 #include "chromapanel.h"
+#include "tests/support/checked.h"
 
 // The chromakey page: switches, resets, spill defaults, what the unit reports.
 class TestChromaSections : public QObject
@@ -86,10 +87,10 @@ void TestChromaSections::checkMatte(bool on)
 
 void TestChromaSections::matteSwitch()
 {
-    checkMatte(true);
+    CHECKED(checkMatte(true));
     h->click("pageCK_ContentHeader01.switchButton");
     QCOMPARE(h->facade.calls, QStringList("setCKBWLevel(100, 900, false)"));
-    checkMatte(false);
+    CHECKED(checkMatte(false));
     h->facade.forget();
     h->click("imgColorPen");
     h->click("btnCkBKColorAuto");
@@ -100,7 +101,7 @@ void TestChromaSections::matteSwitch()
     QVERIFY(!h->flag("popupColorPicker.visible"));
     h->click("pageCK_ContentHeader01.switchButton");
     QCOMPARE(h->facade.calls, QStringList("setCKBWLevel(100, 900, true)"));
-    checkMatte(true);
+    CHECKED(checkMatte(true));
 }
 
 void TestChromaSections::matteReport_data()
@@ -114,7 +115,7 @@ void TestChromaSections::matteReport()
 {
     QFETCH(bool, on);
     emit h->facade.refreshCKBWLevel(5, 6, on);
-    checkMatte(on);
+    CHECKED(checkMatte(on));
     QCOMPARE(h->number("blackLevel.sliderValue"), 5);
     QCOMPARE(h->number("whiteLevel.sliderValue"), 6);
     QCOMPARE(Messages::logs(),

@@ -1,4 +1,5 @@
 #include "pageharness.h"
+#include "tests/support/checked.h"
 
 // The drop-down, by mouse and keys.
 class TestComboBox : public QObject
@@ -35,7 +36,7 @@ void TestComboBox::makeCombo(const QByteArray &more)
 
 void TestComboBox::comboTextStandsByTheLanguage()
 {
-    makeCombo("model: ['HDMI']");
+    CHECKED(makeCombo("model: ['HDMI']"));
     for (const char *language : {"en_US", "zh_TW", "zh_CN"}) {
         h->translator.setTranslation(language);
         const bool latin = QByteArray(language) == "en_US";
@@ -46,7 +47,7 @@ void TestComboBox::comboTextStandsByTheLanguage()
 
 void TestComboBox::comboOpensAListOfThreeHundred()
 {
-    makeCombo("model: ['SDI', 'HDMI']");
+    CHECKED(makeCombo("model: ['SDI', 'HDMI']"));
     QVERIFY(!h->flag("thiscombo.popupVisible"));
     h->click(h->page);
     QTRY_VERIFY(h->flag("thiscombo.popupVisible"));
@@ -58,7 +59,7 @@ void TestComboBox::comboOpensAListOfThreeHundred()
 
 void TestComboBox::comboChoosesByMouseAndKeys()
 {
-    makeCombo("model: ['SDI', 'HDMI', 'AUX']");
+    CHECKED(makeCombo("model: ['SDI', 'HDMI', 'AUX']"));
     h->click(h->page);
     QTRY_VERIFY(h->flag("thiscombo.popupVisible"));
     const QPoint second = h->at(h->page, 60, 32 * 2 + 16);
@@ -76,14 +77,14 @@ void TestComboBox::comboChoosesByMouseAndKeys()
 
 void TestComboBox::comboWithEmptyModelIsEmpty()
 {
-    makeCombo("model: []");
+    CHECKED(makeCombo("model: []"));
     QCOMPARE(h->text("thiscombo.currentText"), QString());
     QCOMPARE(h->text("thiscombo.contentItem.text"), QString());
 }
 
 void TestComboBox::comboIsGreyWhenDisabled()
 {
-    makeCombo("model: ['SDI']");
+    CHECKED(makeCombo("model: ['SDI']"));
     QCOMPARE(h->color("thiscombo.txtColor"), QStringLiteral("#D8D8D8"));
     const QImage before = h->grab(h->window->contentItem(), "combo");
     h->page->setEnabled(false);

@@ -1,4 +1,5 @@
 #include "pageharness.h"
+#include "tests/support/checked.h"
 
 // The shared controls: a row of a page, the spinner, the hue bar.
 class TestControls : public QObject
@@ -55,7 +56,7 @@ void TestControls::makeRow(const QByteArray &more)
 
 void TestControls::rowStartValues()
 {
-    makeRow();
+    CHECKED(makeRow());
     QCOMPARE(h->face("control.source"), QStringLiteral("img_bg_input_line"));
     QCOMPARE(h->face("control.sliderGrooveImgSource"), QStringLiteral("img_slider_01_chromakey"));
     QCOMPARE(h->face("control.sliderHandleImgSource"), QStringLiteral("btn_n_slider_chromakey"));
@@ -79,7 +80,7 @@ void TestControls::rowStartValues()
 
 void TestControls::rowStandsInItsColumns()
 {
-    makeRow();
+    CHECKED(makeRow());
     const QPoint row = h->at(h->page, 0, 0);
     QCOMPARE(h->page->width(), 1110.0);
     QCOMPARE(h->page->height(), 74.0);
@@ -95,14 +96,14 @@ void TestControls::rowStandsInItsColumns()
 
 void TestControls::startValueOutsideTheDefaultRangeHolds()
 {
-    makeRow("sliderMin: -180");
+    CHECKED(makeRow("sliderMin: -180"));
     QCOMPARE(h->number("control.sliderValue"), 500);
     QCOMPARE(h->number("control.sliderMin"), -180);
 }
 
 void TestControls::plusActsOnReleaseByOne()
 {
-    makeRow();
+    CHECKED(makeRow());
     QSignalSpy spy(h->page, SIGNAL(buttonIncreaseClicked()));
     const QPoint plus = h->middle(h->item("btnIncrease"));
     h->press(plus);
@@ -119,7 +120,7 @@ void TestControls::plusActsOnReleaseByOne()
 
 void TestControls::minusActsOnReleaseByOne()
 {
-    makeRow();
+    CHECKED(makeRow());
     QSignalSpy spy(h->page, SIGNAL(buttonDecreaseClicked()));
     const QPoint minus = h->middle(h->item("btnDecrease"));
     h->press(minus);
@@ -147,7 +148,7 @@ void TestControls::stepIsOneWhateverTheSliderStep()
 {
     QFETCH(QByteArray, step);
     QFETCH(int, down);
-    makeRow("itemSliderStepSize: " + step);
+    CHECKED(makeRow("itemSliderStepSize: " + step));
     h->click("btnIncrease");
     QTEST(h->number("control.sliderValue"), "up");
     h->eval("control.sliderValue = 500");
@@ -157,7 +158,7 @@ void TestControls::stepIsOneWhateverTheSliderStep()
 
 void TestControls::plusStopsAtTheEnd()
 {
-    makeRow();
+    CHECKED(makeRow());
     h->eval("control.sliderValue = 1000");
     QSignalSpy spy(h->page, SIGNAL(buttonIncreaseClicked()));
     h->click("btnIncrease");
@@ -168,7 +169,7 @@ void TestControls::plusStopsAtTheEnd()
 
 void TestControls::minusStopsAtTheEnd()
 {
-    makeRow();
+    CHECKED(makeRow());
     h->eval("control.sliderValue = 0");
     QSignalSpy spy(h->page, SIGNAL(buttonDecreaseClicked()));
     h->click("btnDecrease");
@@ -178,7 +179,7 @@ void TestControls::minusStopsAtTheEnd()
 
 void TestControls::leavingTheButtonIsItsRelease()
 {
-    makeRow();
+    CHECKED(makeRow());
     const QPoint plus = h->middle(h->item("btnIncrease"));
     h->press(plus);
     h->move(plus + QPoint(0, 60));
@@ -190,7 +191,7 @@ void TestControls::leavingTheButtonIsItsRelease()
 
 void TestControls::dragMovesTheValue()
 {
-    makeRow();
+    CHECKED(makeRow());
     const QPoint from = h->handleAt("control", 500);
     h->press(from);
     QCOMPARE(h->number("control.sliderValue"), 500);
@@ -206,7 +207,7 @@ void TestControls::dragMovesTheValue()
 
 void TestControls::wholeHandleAnswersTheMouse()
 {
-    makeRow();
+    CHECKED(makeRow());
     for (const int offset : {-9, 9}) {
         h->eval("control.sliderValue = 500");
         const QPoint from = h->handleAt("control", 500) + QPoint(0, offset);
@@ -219,7 +220,7 @@ void TestControls::wholeHandleAnswersTheMouse()
 
 void TestControls::wheelIsIgnored()
 {
-    makeRow();
+    CHECKED(makeRow());
     const QPoint place = h->handleAt("control", 500);
     QWheelEvent event(place, h->window->mapToGlobal(place), {}, QPoint(0, 120), Qt::NoButton, {},
                       Qt::NoScrollPhase, false);
@@ -229,7 +230,7 @@ void TestControls::wheelIsIgnored()
 
 void TestControls::returnReportsTheFieldAndMovesNothing()
 {
-    makeRow();
+    CHECKED(makeRow());
     QSignalSpy spy(h->page, SIGNAL(textFieldChanged()));
     h->typeInto("txtValue", "740");
     QCOMPARE(spy.count(), 1);
@@ -242,7 +243,7 @@ void TestControls::returnReportsTheFieldAndMovesNothing()
 
 void TestControls::focusLossReportsNothing()
 {
-    makeRow();
+    CHECKED(makeRow());
     QSignalSpy spy(h->page, SIGNAL(textFieldChanged()));
     h->typeInto("txtValue", "740", Qt::Key_Tab);
     QVERIFY(!h->flag("txtValue.activeFocus"));
@@ -252,7 +253,7 @@ void TestControls::focusLossReportsNothing()
 
 void TestControls::unconfirmedTextIsOverwritten()
 {
-    makeRow();
+    CHECKED(makeRow());
     h->typeInto("txtValue", "74", Qt::Key_unknown);
     QCOMPARE(h->text("control.textValue"), QStringLiteral("74"));
     h->click("btnIncrease");
@@ -261,7 +262,7 @@ void TestControls::unconfirmedTextIsOverwritten()
 
 void TestControls::fieldTakesNoNumberOutsideTheRange()
 {
-    makeRow("sliderMin: 100");
+    CHECKED(makeRow("sliderMin: 100"));
     QSignalSpy spy(h->page, SIGNAL(textFieldChanged()));
     h->typeInto("txtValue", "1001");
     QVERIFY(!h->flag("txtValue.acceptableInput"));
@@ -280,14 +281,14 @@ void TestControls::fieldTakesNoNumberOutsideTheRange()
 
 void TestControls::fieldHoldsSixCharacters()
 {
-    makeRow("sliderMin: -1000000");
+    CHECKED(makeRow("sliderMin: -1000000"));
     h->typeInto("txtValue", "-9999999", Qt::Key_unknown);
     QCOMPARE(h->text("control.textValue"), QStringLiteral("-99999"));
 }
 
 void TestControls::disabledRowIsGreyAndItsSliderDead()
 {
-    makeRow();
+    CHECKED(makeRow());
     h->eval("control.enableItem(false)");
     QCOMPARE(h->color("txtTitle.color"), QStringLiteral("#333333"));
     QCOMPARE(h->text("control.sliderCurrentLevelColor"), QStringLiteral("#5E5E5E"));
@@ -311,7 +312,7 @@ void TestControls::disabledRowIsGreyAndItsSliderDead()
 
 void TestControls::enabledAgainIsAsBefore()
 {
-    makeRow();
+    CHECKED(makeRow());
     const QImage before = h->grab(h->window->contentItem(), "row");
     h->eval("control.enableItem(false)");
     QVERIFY(h->grab(h->window->contentItem(), "row-off") != before);

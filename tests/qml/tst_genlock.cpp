@@ -1,4 +1,5 @@
 #include "pageharness.h"
+#include "tests/support/checked.h"
 
 // The genlock section of the input and output page: switch, reset, offsets, fold.
 class TestGenlock : public QObject
@@ -77,7 +78,7 @@ void TestGenlock::genlockStatusFollowsTheUnitAndTheLanguage()
 
 void TestGenlock::genlockSwitchGoesOffAndOn()
 {
-    firstRefresh();
+    CHECKED(firstRefresh());
     h->click("btnGenlockSwitch");
     QCOMPARE(h->facade.calls, QStringList{"setVInSource(0, 0, 0, false, false, false, false, 10, 20)"});
     QCOMPARE(h->face("btnGenlockSwitch.source"), QStringLiteral("btn_switch_off_dashboard"));
@@ -144,7 +145,7 @@ void TestGenlock::firstWriteToEachSliderIsNotSentBack()
 
 void TestGenlock::laterRefreshIsSentBackOnce()
 {
-    firstRefresh();
+    CHECKED(firstRefresh());
     emit h->facade.refreshGenlock(1, 11, 20);
     QTest::qWait(200);
     QCOMPARE(h->facade.calls,
@@ -163,7 +164,7 @@ void TestGenlock::laterRefreshIsSentBackOnce()
 
 void TestGenlock::throttleSendsTheLatestPosition()
 {
-    firstRefresh();
+    CHECKED(firstRefresh());
     const QPoint from = h->handleAt("horizontalOffset", 10);
     const qint64 start = h->facade.now();
     h->press(from);
@@ -181,7 +182,7 @@ void TestGenlock::throttleSendsTheLatestPosition()
 
 void TestGenlock::longDragSendsOneCommandPerWindow()
 {
-    firstRefresh();
+    CHECKED(firstRefresh());
     const QPoint from = h->handleAt("verticalOffset", 20);
     h->press(from);
     for (int i = 1; i <= 100; ++i) {
@@ -201,7 +202,7 @@ void TestGenlock::longDragSendsOneCommandPerWindow()
 
 void TestGenlock::slowUnitIsNeverMoreThanOneCommandBehind()
 {
-    firstRefresh();
+    CHECKED(firstRefresh());
     h->facade.slowMs = 150;
     const QPoint from = h->handleAt("verticalOffset", 20);
     h->press(from);
@@ -220,7 +221,7 @@ void TestGenlock::slowUnitIsNeverMoreThanOneCommandBehind()
 
 void TestGenlock::buttonsStepByOne()
 {
-    firstRefresh();
+    CHECKED(firstRefresh());
     h->click("horizontalOffset.itemButtonIncrease");
     QCOMPARE(h->number("horizontalOffset.sliderValue"), 11);
     h->click("verticalOffset.itemButtonDecrease");
@@ -232,7 +233,7 @@ void TestGenlock::buttonsStepByOne()
 
 void TestGenlock::typedNumberMovesTheSlider()
 {
-    firstRefresh();
+    CHECKED(firstRefresh());
     h->typeInto("horizontalOffset.itemText", "-5500");
     QCOMPARE(h->number("horizontalOffset.sliderValue"), -5500);
     QTRY_COMPARE(h->facade.callsOf("setVInSource"),
@@ -253,7 +254,7 @@ void TestGenlock::groupSignsShowTheirNumber()
     QLocale::setDefault(QLocale(locale));
     h.reset();
     init();
-    firstRefresh();
+    CHECKED(firstRefresh());
     h->typeInto("horizontalOffset.itemText", "1,000");
     QCOMPARE(h->number("horizontalOffset.sliderValue"), 1000);
     h->typeInto("horizontalOffset.itemText", "-5,500");
@@ -276,7 +277,7 @@ void TestGenlock::foldTakesItsTime()
 
 void TestGenlock::numberOutOfRangeIsNotAccepted()
 {
-    firstRefresh();
+    CHECKED(firstRefresh());
     // The digit that would leave the range is not taken.
     h->typeInto("verticalOffset.itemText", "-501", Qt::Key_unknown);
     QCOMPARE(h->text("verticalOffset.textValue"), QStringLiteral("-50"));

@@ -1,4 +1,5 @@
 #include "pageharness.h"
+#include "tests/support/checked.h"
 
 // The input and output page: table, source, freezes, languages.
 class TestInput : public QObject
@@ -122,7 +123,7 @@ void TestInput::firstTwoSourceChangesAreSwallowed()
 
 void TestInput::refreshOfTheSourceIsSentBack()
 {
-    firstSource();
+    CHECKED(firstSource());
     Messages::logs().clear();
     emit h->facade.refreshInputSource(0, 1, 1);
     QCOMPARE(h->facade.calls, QStringList{"setVInSource(0, 0, 0, false, false, false, true, 0, 0)"});
@@ -185,7 +186,7 @@ void TestInput::freezeRefreshSetsFlagsAndFaces()
 
 void TestInput::sourceListHoldsBothSources()
 {
-    firstSource();
+    CHECKED(firstSource());
     QCOMPARE(h->number("comboFGSource.count"), 2);
     for (const int row : {0, 1}) {
         h->facade.forget();

@@ -1,4 +1,5 @@
 #include "pageharness.h"
+#include "tests/support/checked.h"
 
 // The luma key page: polarity radios, layer switch, four sliders.
 class TestLumakey : public QObject
@@ -174,7 +175,7 @@ void TestLumakey::everyRowGoesThroughTheThrottle()
 {
     QFETCH(QString, id);
     QFETCH(QString, sent);
-    turnOn();
+    CHECKED(turnOn());
     const qint64 start = h->facade.now();
     h->click(id + ".itemButtonIncrease");
     QCOMPARE(h->facade.calls, QStringList());
@@ -233,14 +234,14 @@ void TestLumakey::mainSwitchAppliesTheSets()
     h->click("btnAuxLumakeySwitch");
     QVERIFY(h->flag("auxLumakeyOn"));
     QCOMPARE(h->facade.calls, QStringList{"setLumaKey(true, 0, 0, 0, 0, 0, 0)"});
-    checkOnSet();
+    CHECKED(checkOnSet());
     QCOMPARE(h->face("btnAuxLumakeyLayerSwitchImage.source"), QStringLiteral("btn_switch_off_dashboard"));
     QCOMPARE(h->face("btnAuxLumakeyKeymodeBlackImage.source"), QStringLiteral("btn_s_radio_lumakey"));
     QCOMPARE(h->face("btnAuxLumakeyKeymodeWhiteImage.source"), QStringLiteral("btn_n_radio_lumakey"));
     h->click("btnAuxLumakeySwitch");
     QVERIFY(!h->flag("auxLumakeyOn"));
     QCOMPARE(h->facade.calls.last(), QStringLiteral("setLumaKey(false, 0, 0, 0, 0, 0, 0)"));
-    checkOffSet();
+    CHECKED(checkOffSet());
     QCOMPARE(h->face("btnAuxLumakeyLayerSwitchImage.source"), QStringLiteral("btn_switch_d_off_dashboard"));
 }
 
@@ -258,7 +259,7 @@ void TestLumakey::radioChoosesOnRelease()
 {
     QFETCH(QString, white);
     QFETCH(QString, black);
-    turnOn();
+    CHECKED(turnOn());
     h->press(h->middle(h->item(white)));
     QCOMPARE(h->face("btnAuxLumakeyKeymodeWhiteImage.source"), QStringLiteral("btn_p_radio_lumakey"));
     QCOMPARE(h->number("keyMode"), 0);
@@ -277,7 +278,7 @@ void TestLumakey::radioChoosesOnRelease()
 
 void TestLumakey::chosenRadioIsSentAgain()
 {
-    turnOn();
+    CHECKED(turnOn());
     h->click("btnAuxLumakeyKeymodeBlackImage");
     QCOMPARE(h->facade.calls, QStringList{"setLumaKey(true, 0, 0, 0, 0, 0, 0)"});
 }
@@ -302,7 +303,7 @@ void TestLumakey::radiosAreDeadWhileOff()
 
 void TestLumakey::layerSwitchSendsWaitsAndReads()
 {
-    turnOn();
+    CHECKED(turnOn());
     h->click("btnAuxLumakeyLayerSwitch");
     QVERIFY(h->flag("layerSwapOn"));
     QCOMPARE(h->face("btnAuxLumakeyLayerSwitchImage.source"), QStringLiteral("btn_switch_on_dashboard"));
@@ -355,7 +356,7 @@ void TestLumakey::refreshWritesEverything()
     QCOMPARE(h->number("auxLumakeySoftness.sliderValue"), 320);
     QCOMPARE(h->number("auxLumakeySwaptime.sliderValue"), 8);
     QCOMPARE(h->number("auxLumakeyOpacity.sliderValue"), 1000);
-    checkOnSet();
+    CHECKED(checkOnSet());
     QCOMPARE(h->face("btnAuxLumakeyLayerSwitchImage.source"), QStringLiteral("btn_switch_on_dashboard"));
     QCOMPARE(h->face("btnAuxLumakeyKeymodeWhiteImage.source"), QStringLiteral("btn_s_radio_lumakey"));
     QTRY_COMPARE(h->facade.calls, QStringList{"setLumaKey(true, 1, 180, 320, 1, 8, 1000)"});
@@ -366,9 +367,9 @@ void TestLumakey::refreshWritesEverything()
 
 void TestLumakey::refreshOffShowsTheDisabledSet()
 {
-    turnOn();
+    CHECKED(turnOn());
     emit h->facade.refreshLumaKey(false, 1, 0, 0, 1, 0, 0);
-    checkOffSet();
+    CHECKED(checkOffSet());
     QCOMPARE(h->face("btnAuxLumakeyLayerSwitchImage.source"), QStringLiteral("btn_switch_d_on_dashboard"));
 }
 
@@ -388,7 +389,7 @@ void TestLumakey::languageLeavesDisabledFaces()
 
 void TestLumakey::dragEndsOnTheLastValue()
 {
-    turnOn();
+    CHECKED(turnOn());
     h->facade.slowMs = 120;
     const QPoint from = h->handleAt("auxLumakeySoftness", 0);
     h->press(from);

@@ -1,6 +1,7 @@
 #include "pageharness.h"
 
 #include "control/maincontrol.h"
+#include "tests/support/checked.h"
 #include "tests/support/unithost.h"
 
 // The pages with the real facade and a stand-in unit: one gesture per group, from the mouse to the byte.
@@ -106,7 +107,7 @@ void TestPagesWire::connectFillsThePage()
 {
     QFETCH(QByteArray, page);
     QFETCH(QStringList, shown);
-    open(page);
+    CHECKED(open(page));
     for (const QString &told : shown) {
         const QString name = told.section(' ', 0, 0);
         QVERIFY2(h->number(name) == told.section(' ', 1).toInt(),
@@ -146,7 +147,7 @@ void TestPagesWire::gestureReachesTheUnit()
     QFETCH(QByteArray, page);
     QFETCH(QString, button);
     QFETCH(QString, frame);
-    open(page);
+    CHECKED(open(page));
     if (page == "PagePostProcessor") {
         h->eval(QStringLiteral("scrollContent.contentItem.contentY = %1")
                     .arg(button.contains("Header03")    ? 688
@@ -163,7 +164,7 @@ void TestPagesWire::gestureReachesTheUnit()
 
 void TestPagesWire::typedNumberComesBackFromTheUnit()
 {
-    open("PageHoldoutWindow");
+    CHECKED(open("PageHoldoutWindow"));
     h->typeInto("holdoutWindowRight.itemText", "1919");
     QCOMPARE(h->number("holdoutWindowRight.sliderValue"), 1919);
     QCOMPARE(frames(), (QStringList{"df 01 01 64 00 7f 07 c8 00 70 08 14", "5f"}));
@@ -176,7 +177,7 @@ void TestPagesWire::typedNumberComesBackFromTheUnit()
 
 void TestPagesWire::negativeHueLeavesInTwosComplement()
 {
-    open("PagePostProcessor");
+    CHECKED(open("PagePostProcessor"));
     h->typeInto("ppfgHue.itemText", "-10");
     QCOMPARE(frames().mid(0, 2), (QStringList{"d8 01 0b 01 0c 01 0d 01 f6 ff", "58"}));
     // It is read back without its sign, beyond the range of the row.
@@ -185,7 +186,7 @@ void TestPagesWire::negativeHueLeavesInTwosComplement()
 
 void TestPagesWire::resetTakesTheUnitsValues()
 {
-    open("PageGarbageMask");
+    CHECKED(open("PageGarbageMask"));
     h->click("btnWindowReset");
     QCOMPARE(frames().first(), QStringLiteral("reset da 00 00 00 00 00 00 00 00 00 00 00"));
     int right = -1;
@@ -196,7 +197,7 @@ void TestPagesWire::resetTakesTheUnitsValues()
 
 void TestPagesWire::freezeReachesTheUnit()
 {
-    open("PageInput");
+    CHECKED(open("PageInput"));
     h->click("imgFGFreeze");
     QCOMPARE(frames(), QStringList{"e1 00 00 00 03 01 0a 00 f6 ff"});
     h->click("imgBGFreeze");
@@ -207,7 +208,7 @@ void TestPagesWire::freezeReachesTheUnit()
 
 void TestPagesWire::pollBringsTheUnitsGenlock()
 {
-    open("PageInput");
+    CHECKED(open("PageInput"));
     control->setCurrentPage(1);
     unit->withUnit([](standin::Unit &it) { it.setValue(standin::InputStandard, "genlockStatus", 1); });
     QTRY_COMPARE_WITH_TIMEOUT(h->text("txtGenlockStatus.text"), QStringLiteral("Locked"), 4000);
@@ -217,7 +218,7 @@ void TestPagesWire::pollBringsTheUnitsGenlock()
 
 void TestPagesWire::layerSwitchIsReadBack()
 {
-    open("PageAuxLumakey");
+    CHECKED(open("PageAuxLumakey"));
     h->click("btnAuxLumakeyLayerSwitch");
     QCOMPARE(frames(), (QStringList{"dc 01 01 b4 00 40 01 00 08 e8 03", "5c"}));
     QVERIFY(!h->flag("layerSwapOn"));

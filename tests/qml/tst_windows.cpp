@@ -1,4 +1,5 @@
 #include "pageharness.h"
+#include "tests/support/checked.h"
 
 // The garbage mask and the holdout window: two pages of one build, told apart by a table.
 class TestWindows : public QObject
@@ -91,7 +92,7 @@ void TestWindows::refresh(bool enable, uint invert, uint left, uint right, uint 
 
 void TestWindows::startValues()
 {
-    open();
+    CHECKED(open());
     QCOMPARE(h->page->position(), QPointF(30, 10));
     QCOMPARE(h->page->width(), 1160.0);
     QCOMPARE(h->page->height(), 610.0);
@@ -116,20 +117,20 @@ void TestWindows::startValues()
     }
     QCOMPARE(h->number(timer + ".interval"), 50);
     QVERIFY(!h->flag(timer + ".repeat"));
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::loadingSendsNothing()
 {
-    open();
+    CHECKED(open());
     QTest::qWait(150);
     QCOMPARE(h->facade.calls, QStringList());
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::everyRowGoesThroughTheThrottle()
 {
-    open();
+    CHECKED(open());
     QStringList values{"0", "0", "0", "0", "0"};
     for (int i = 0; i < 5; ++i) {
         h->facade.forget();
@@ -140,12 +141,12 @@ void TestWindows::everyRowGoesThroughTheThrottle()
         QTRY_COMPARE(h->facade.calls, QStringList{sent("true, 0, " + values.join(", "))});
         QVERIFY(h->facade.times.first() - start >= 49);
     }
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::typedNumberGoesTheDirectWay()
 {
-    open();
+    CHECKED(open());
     for (int i = 0; i < 5; ++i) {
         h->facade.forget();
         Messages::logs().clear();
@@ -166,12 +167,12 @@ void TestWindows::typedNumberGoesTheDirectWay()
     h->typeInto(row(1) + ".itemText", garbage ? "1,000" : "3,840");
     QCOMPARE(h->facade.calls.first(),
              sent(garbage ? "true, 0, 0, 1000, 0, 0, 0" : "true, 0, 0, 3840, 0, 0, 0"));
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::switchGoesOffAndOnAtOnce()
 {
-    open();
+    CHECKED(open());
     h->click("btnWindowSwitch");
     QCOMPARE(h->facade.calls, QStringList{sent("false, 0, 0, 0, 0, 0, 0")});
     QVERIFY(!h->flag(on));
@@ -196,12 +197,12 @@ void TestWindows::switchGoesOffAndOnAtOnce()
     QVERIFY(h->flag(invertButton + ".enabled"));
     for (int i = 0; i < 5; ++i)
         QCOMPARE(h->color(row(i) + ".titleColor"), QStringLiteral("#D8D8D8"));
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::invertGoesThroughTheThrottle()
 {
-    open();
+    CHECKED(open());
     const qint64 start = h->facade.now();
     h->click(invertButton);
     QVERIFY(h->flag(inverted));
@@ -213,12 +214,12 @@ void TestWindows::invertGoesThroughTheThrottle()
     QCOMPARE(h->face(invertButton + "Image.source"), QStringLiteral("btn_switch_off_dashboard"));
     QTRY_COMPARE(h->facade.calls.size(), 2);
     QCOMPARE(h->facade.calls.last(), sent("true, 0, 0, 0, 0, 0, 0"));
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::invertIsDeadWhileOff()
 {
-    open();
+    CHECKED(open());
     refresh(false, 1, 0, 0, 0, 0, 0);
     QCOMPARE(h->face(invertButton + "Image.source"), QStringLiteral("btn_switch_d_on_dashboard"));
     QVERIFY(!h->flag(invertButton + ".enabled"));
@@ -230,12 +231,12 @@ void TestWindows::invertIsDeadWhileOff()
     h->click("btnWindowSwitch");
     QCOMPARE(h->face(invertButton + "Image.source"), QStringLiteral("btn_switch_on_dashboard"));
     QCOMPARE(h->facade.calls, QStringList{sent("true, 1, 0, 0, 0, 0, 0")});
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::resetAnswersAlsoWhileOff()
 {
-    open();
+    CHECKED(open());
     refresh(false, 0, 0, 0, 0, 0, 0);
     QCOMPARE(h->face("btnWindowResetImage.source"), QStringLiteral("btn_d_reset_dashboard"));
     const QPoint place = h->middle(h->item("btnWindowReset"));
@@ -245,12 +246,12 @@ void TestWindows::resetAnswersAlsoWhileOff()
     h->release(place);
     QCOMPARE(h->face("btnWindowResetImage.source"), QStringLiteral("btn_n_reset_dashboard"));
     QCOMPARE(h->facade.calls, QStringList{"reset" + call + "()"});
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::refreshWritesEverything()
 {
-    open();
+    CHECKED(open());
     refresh(true, 1, 10, 20, 30, 40, 50);
     QVERIFY(h->flag(on));
     QVERIFY(h->flag(inverted));
@@ -267,12 +268,12 @@ void TestWindows::refreshWritesEverything()
     QCOMPARE(h->face(invertButton + "Image.source"), QStringLiteral("btn_switch_d_off_dashboard"));
     QTest::qWait(120);
     QCOMPARE(h->facade.calls.size(), 1);
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::onlyOneCountsAsInverted()
 {
-    open();
+    CHECKED(open());
     for (const uint other : {2U, 255U, 0U}) {
         refresh(true, 1, 0, 0, 0, 0, 0);
         QVERIFY(h->flag(inverted));
@@ -280,12 +281,12 @@ void TestWindows::onlyOneCountsAsInverted()
         QVERIFY(!h->flag(inverted));
         QCOMPARE(h->face(invertButton + "Image.source"), QStringLiteral("btn_switch_off_dashboard"));
     }
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::longDragEndsOnTheLastValue()
 {
-    open();
+    CHECKED(open());
     h->facade.slowMs = 120;
     const QPoint from = h->handleAt(row(0), 0);
     h->press(from);
@@ -300,23 +301,23 @@ void TestWindows::longDragEndsOnTheLastValue()
     QVERIFY(h->facade.calls.size() <= before + 1);
     QCOMPARE(h->facade.calls.last(),
              sent(QStringLiteral("true, 0, %1, 0, 0, 0, 0").arg(h->number(row(0) + ".sliderValue"))));
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::foldMarkDoesNothing()
 {
-    open();
+    CHECKED(open());
     h->click("btnWindowFolder");
     QTest::qWait(250);
     QVERIFY(h->item(row(0))->isVisible());
     QCOMPARE(h->face("btnWindowFolder.source"), QStringLiteral("btn_n_show_dashboard"));
     QCOMPARE(h->facade.calls, QStringList());
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::languageChangesThePictures()
 {
-    open();
+    CHECKED(open());
     refresh(false, 1, 0, 0, 0, 0, 0);
     Messages::logs().clear();
     h->translator.setTranslation("zh_CN");
@@ -328,13 +329,13 @@ void TestWindows::languageChangesThePictures()
     QVERIFY(Messages::logs().contains(garbage ? "onLanguageChanged(Garbage)" : "onLanguageChanged(Holdout)"));
     refresh(true, 1, 0, 0, 0, 0, 0);
     QCOMPARE(h->face(invertButton + "Image.source"), QStringLiteral("CN/btn_switch_on_dashboard"));
-    close();
+    CHECKED(close());
 }
 
 // The picture of the invert goes off with each switch, its state stays; clicks read the state, not the picture.
 void TestWindows::invertOutlivesTheLanguage()
 {
-    open();
+    CHECKED(open());
     refresh(true, 1, 1, 2, 3, 4, 5);
     QTRY_COMPARE(h->facade.calls.size(), 1);
     const QVector<QStringList> languages{
@@ -357,12 +358,12 @@ void TestWindows::invertOutlivesTheLanguage()
         QCOMPARE(h->face(invertButton + "Image.source"), it.at(1) + "btn_switch_on_dashboard");
         QTRY_COMPARE(h->facade.calls.last(), sent("true, 1, 1, 2, 3, 4, 5"));
     }
-    close();
+    CHECKED(close());
 }
 
 void TestWindows::nothingMovesWithTheLanguage()
 {
-    open();
+    CHECKED(open());
     refresh(true, 0, 120, 905, 64, 1000, 8);
     for (const char *language : {"en_US", "zh_TW", "zh_CN"}) {
         h->translator.setTranslation(language);
@@ -371,7 +372,7 @@ void TestWindows::nothingMovesWithTheLanguage()
         QCOMPARE(h->at(h->item(row(0) + ".itemSlider"), 0, 0), QPoint(444, 266));
         QCOMPARE(h->at(h->item(invertButton), 0, 0), QPoint(504, 624));
     }
-    close();
+    CHECKED(close());
 }
 
 QTEST_MAIN(TestWindows)

@@ -5,6 +5,7 @@
 // had planned for these seconds is then due at once.
 
 #include "panelrun.h"
+#include "tests/support/checked.h"
 #include "tests/support/unithost.h"
 
 #include <QJsonArray>
@@ -114,7 +115,7 @@ private slots:
         QVector<State> pages;
         for (int number = 1; number <= 6; ++number)
             pages.append(page(number));
-        check(pages);
+        CHECKED(check(pages));
     }
 
     void withEachPopupOpen()
