@@ -235,8 +235,20 @@ struct mainControl::AddressSetting
     const char *key;
     const char *malformedLog;
     const char *malformed;
-    QString (HLNP::*send)(QString, QString, QString);
+    QString (*send)(HLNP &unit, const QString &currentNetcardIP, const QString &targetDeviceIP,
+                    const QString &content);
 };
+
+namespace {
+
+template <QString (HLNP::*operation)(QString, QString, QString)>
+QString sendBy(HLNP &unit, const QString &currentNetcardIP, const QString &targetDeviceIP,
+               const QString &content)
+{
+    return (unit.*operation)(currentNetcardIP, targetDeviceIP, content);
+}
+
+} // namespace
 
 QString mainControl::setAddress(const AddressSetting &setting, const QString &currentNetcardIP,
                                 const QString &targetDeviceIP, const QString &content)
@@ -247,35 +259,39 @@ QString mainControl::setAddress(const AddressSetting &setting, const QString &cu
         return tr(setting.malformed);
     }
     SettingsGroup(*initSettings, QStringLiteral("connection")).set(setting.key, content);
-    return (qkv720Obj->hlnpObj->*setting.send)(currentNetcardIP, targetDeviceIP, content);
+    return setting.send(*qkv720Obj->hlnpObj, currentNetcardIP, targetDeviceIP, content);
 }
 
 QString mainControl::hlnpSetGateway(QString currentNetcardIP, QString targetDeviceIP, QString content)
 {
-    return setAddress({"gateway", "Gateway Address format failed",
-                       QT_TR_NOOP("Gateway Address format incorrect."), &HLNP::setGateway},
-                      currentNetcardIP, targetDeviceIP, content);
+    static constexpr AddressSetting setting{"gateway", "Gateway Address format failed",
+                                            QT_TR_NOOP("Gateway Address format incorrect."),
+                                            sendBy<&HLNP::setGateway>};
+    return setAddress(setting, currentNetcardIP, targetDeviceIP, content);
 }
 
 QString mainControl::hlnpSetNetmask(QString currentNetcardIP, QString targetDeviceIP, QString content)
 {
-    return setAddress({"mask", "Netmask Address format failed",
-                       QT_TR_NOOP("Netmask Address format incorrect."), &HLNP::setNetmask},
-                      currentNetcardIP, targetDeviceIP, content);
+    static constexpr AddressSetting setting{"mask", "Netmask Address format failed",
+                                            QT_TR_NOOP("Netmask Address format incorrect."),
+                                            sendBy<&HLNP::setNetmask>};
+    return setAddress(setting, currentNetcardIP, targetDeviceIP, content);
 }
 
 QString mainControl::hlnpSetPrimDNS(QString currentNetcardIP, QString targetDeviceIP, QString content)
 {
-    return setAddress({"primarydns", "PrimDNS Address format failed",
-                       QT_TR_NOOP("PrimDNS Address format incorrect."), &HLNP::setPrimDNS},
-                      currentNetcardIP, targetDeviceIP, content);
+    static constexpr AddressSetting setting{"primarydns", "PrimDNS Address format failed",
+                                            QT_TR_NOOP("PrimDNS Address format incorrect."),
+                                            sendBy<&HLNP::setPrimDNS>};
+    return setAddress(setting, currentNetcardIP, targetDeviceIP, content);
 }
 
 QString mainControl::hlnpSetSecDNS(QString currentNetcardIP, QString targetDeviceIP, QString content)
 {
-    return setAddress({"seconddns", "SecDNS Address format failed",
-                       QT_TR_NOOP("SecDNS Address format incorrect."), &HLNP::setSecDNS},
-                      currentNetcardIP, targetDeviceIP, content);
+    static constexpr AddressSetting setting{"seconddns", "SecDNS Address format failed",
+                                            QT_TR_NOOP("SecDNS Address format incorrect."),
+                                            sendBy<&HLNP::setSecDNS>};
+    return setAddress(setting, currentNetcardIP, targetDeviceIP, content);
 }
 
 int mainControl::initHLNPConfig(int dhcpIndex, QString txtMacaddr, QString currentNetCardIP,
