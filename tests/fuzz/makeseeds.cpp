@@ -1,5 +1,5 @@
 // Writes the seeds of the fuzz targets that have a unit at the other end: what a stand-in unit answers to every
-// operation, in the form in which each target reads its input. "fuzz_makeseeds FOLDER", and FOLDER is tests/fuzz/seeds.
+// operation, in the form in which each target reads its input. "make_fuzz_seeds FOLDER", and FOLDER is tests/fuzz/seeds.
 
 #include "device/functions.h"
 #include "tests/fuzz/neighbours.h"
@@ -141,7 +141,7 @@ int main(int argc, char **argv)
     world::isolate();
     const QCoreApplication application(argc, argv);
     if (argc != 2)
-        qFatal("usage: fuzz_makeseeds FOLDER");
+        qFatal("usage: make_fuzz_seeds FOLDER");
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
         if (type != QtDebugMsg)
             fprintf(stderr, "%s\n", qPrintable(text));
