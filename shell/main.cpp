@@ -13,8 +13,16 @@
 #include <QThread>
 #include <QUrl>
 
+#include <memory>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 #include "control/maincontrol.h"
 #include "control/settingsfile.h"
+#include "shell/displayguard.h"
 #include "shell/logtext.h"
 #include "shell/qmltranslator.h"
 #include "shell/settingscheck.h"
@@ -23,7 +31,7 @@ namespace {
 
 constexpr unsigned long kSettleAfterLoadMs = 100;
 
-// Exit statuses beside 0 and -1.
+// Exit statuses beside 0 and -1; without a display it is DisplayGuard::kNoDisplay.
 constexpr int kSettingsBlocked = 2;
 constexpr int kNothingToDrawWith = 3;
 
@@ -41,6 +49,20 @@ void drawInSoftware()
         QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
     if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
         qputenv("QT_XCB_GL_INTEGRATION", "none");
+}
+
+// A process that is started without standard streams would give their numbers to the first things that it opens, and
+// the log would be written into these.
+void holdStandardStreams()
+{
+#ifdef Q_OS_UNIX
+    constexpr int kStandardError = 2;
+    int descriptor = 0;
+    while (descriptor >= 0 && descriptor <= kStandardError)
+        descriptor = ::open("/dev/null", O_RDWR);
+    if (descriptor > kStandardError)
+        ::close(descriptor);
+#endif
 }
 
 // What the toolkit needs to know before anything is built.
@@ -79,9 +101,12 @@ void endWithoutScene(const QQmlApplicationEngine &engine)
 // the engine, both context properties before the document.
 int main(int argc, char *argv[])
 {
+    holdStandardStreams();
     prepareToolkit();
 
+    auto guard = std::make_unique<DisplayGuard>();
     QApplication app2(argc, argv);
+    guard.reset();
     QApplication::setWindowIcon(QIcon(QStringLiteral("qrc:/img/qkv720.ico")));
 
     // Before the first settings object, which would wait for a foreign lock without end.
