@@ -42,6 +42,8 @@ python3-gi                          the pictures
 python3-gi-cairo                    the pictures
 gir1.2-pango-1.0                    the pictures
 tshark                              reads captures through the dissector
+libxcb1-dev                         the tests work a virtual display by its events
+libxcb-xtest0-dev                   the tests work a virtual display by its events
 '
 needs_to_lint='
 clang-tidy                          the habits of the code

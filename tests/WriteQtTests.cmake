@@ -9,7 +9,7 @@ string(REGEX MATCHALL "[A-Za-z_0-9]+\\(\\)" functions "${functions}")
 string(REGEX REPLACE "^tst_" "" short ${NAME})
 # The tests of the screen draw and so want a core; all others sleep.
 set(slots 1)
-if(LABEL MATCHES "^(qml|panel)$")
+if(LABEL MATCHES "^(qml|panel|outside)$")
     set(slots 4)
 endif()
 set(body "")

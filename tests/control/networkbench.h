@@ -84,13 +84,3 @@ protected:
     std::unique_ptr<mainControl> control;
     std::unique_ptr<SignalRecorder> recorder;
 };
-
-// The main of such a test.
-#define NETWORK_TEST_MAIN(TestClass)                                                                         \
-    int main(int argc, char **argv)                                                                          \
-    {                                                                                                        \
-        support::TestNetwork::obtainRights(argv);                                                            \
-        QCoreApplication application(argc, argv);                                                            \
-        TestClass test;                                                                                      \
-        return QTest::qExec(&test, argc, argv);                                                              \
-    }

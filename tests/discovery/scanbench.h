@@ -122,13 +122,3 @@ protected:
     QString farHost;
     QString cable;
 };
-
-// The main of such a test.
-#define SCAN_TEST_MAIN(TestClass)                                                                            \
-    int main(int argc, char **argv)                                                                          \
-    {                                                                                                        \
-        support::TestNetwork::obtainRights(argv);                                                            \
-        QCoreApplication application(argc, argv);                                                            \
-        TestClass test;                                                                                      \
-        return QTest::qExec(&test, argc, argv);                                                              \
-    }

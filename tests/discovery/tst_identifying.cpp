@@ -137,5 +137,5 @@ void TestIdentifying::aModelNameIsAskedByTheDormantPath()
     QCOMPARE(hlnp.qkvDeviceList(), (QStringList{address(10), address(11)}));
 }
 
-SCAN_TEST_MAIN(TestIdentifying)
+NETWORK_TEST_MAIN(TestIdentifying)
 #include "tst_identifying.moc"

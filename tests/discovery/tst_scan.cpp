@@ -261,5 +261,5 @@ void TestScan::anAdapterThatIsGone()
     QVERIFY(panel.hlnpObj->thisNetwork.isEmpty());
 }
 
-SCAN_TEST_MAIN(TestScan)
+NETWORK_TEST_MAIN(TestScan)
 #include "tst_scan.moc"

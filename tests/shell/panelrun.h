@@ -8,6 +8,7 @@
 
 #include <csignal>
 #include <functional>
+#include <memory>
 
 constexpr int kStartMs = 20000;
 
@@ -21,7 +22,11 @@ class Run
 {
 public:
     explicit Run(const QString &program, const QString &folder = QDir::currentPath(),
-                 const QString &locale = QStringLiteral("C.UTF-8"), const Environment &change = {})
+                 const QString &locale = QStringLiteral("C.UTF-8"), const Environment &change = {},
+                 std::unique_ptr<QProcess> process = std::make_unique<QProcess>(),
+                 const QStringList &arguments = {})
+        : m_running(std::move(process))
+        , m_process(*m_running)
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("QT_MESSAGE_PATTERN"), QStringLiteral("%{type}|%{message}"));
@@ -33,7 +38,7 @@ public:
         m_process.setProcessEnvironment(environment);
         m_process.setWorkingDirectory(folder);
         m_process.setProcessChannelMode(QProcess::MergedChannels);
-        m_process.start(program, QStringList());
+        m_process.start(program, arguments);
     }
 
     ~Run()
@@ -45,28 +50,35 @@ public:
     Run(const Run &) = delete;
     Run &operator=(const Run &) = delete;
 
-    // Collects what the program prints until TEXT has come; false when it ends or the time is over first.
-    bool printed(const QString &text)
+    // Collects what the program prints until TEXT has come, now or since forget(); false when it ends or the time is
+    // over first.
+    bool printed(const QString &text, int withinMs = kStartMs)
     {
         QElapsedTimer timer;
         timer.start();
-        while (!m_output.contains(text) && timer.elapsed() < kStartMs) {
+        while (m_output.indexOf(text, m_forgotten) < 0 && timer.elapsed() < withinMs) {
             m_process.waitForReadyRead(100);
             m_output += QString::fromUtf8(m_process.readAll());
             if (m_process.state() == QProcess::NotRunning)
                 break;
         }
-        return m_output.contains(text);
+        return m_output.indexOf(text, m_forgotten) >= 0;
+    }
+    // What came up to now is not looked at by printed() any more.
+    void forget()
+    {
+        readOn(0);
+        m_forgotten = m_output.size();
     }
 
     void readOn(int ms)
     {
         QElapsedTimer timer;
         timer.start();
-        while (timer.elapsed() < ms) {
-            m_process.waitForReadyRead(100);
+        do {
+            m_process.waitForReadyRead(qBound(0, ms - static_cast<int>(timer.elapsed()), 100));
             m_output += QString::fromUtf8(m_process.readAll());
-        }
+        } while (timer.elapsed() < ms);
     }
 
     bool ended(int withinMs = kStartMs)
@@ -93,17 +105,20 @@ public:
         }
         return false;
     }
-    void goOn() const { ::kill(static_cast<pid_t>(m_process.processId()), SIGCONT); }
+    void goOn() const { signal(SIGCONT); }
 
     qint64 processId() const { return m_process.processId(); }
+    void signal(int number) const { ::kill(static_cast<pid_t>(m_process.processId()), number); }
     bool isRunning() const { return m_process.state() == QProcess::Running; }
     int exitCode() const { return m_process.exitCode(); }
     bool crashed() const { return m_process.exitStatus() == QProcess::CrashExit; }
     QString output() const { return m_output; }
 
 private:
-    QProcess m_process;
+    std::unique_ptr<QProcess> m_running;
+    QProcess &m_process;
     QString m_output;
+    int m_forgotten = 0;
 };
 
 inline QString settingsPath(const QString &folder = QDir::currentPath())

@@ -1,6 +1,7 @@
 // The program itself, started as an operator starts it: what it makes of the settings file, what it logs, how it ends.
 
 #include "panelrun.h"
+#include "tests/support/virtualdisplay.h"
 
 #include <QSysInfo>
 #include <QtTest>
@@ -35,43 +36,15 @@ void withoutGraphics(QProcessEnvironment &environment)
         environment.remove(QString::fromLatin1(name));
 }
 
-// A display of the test's own, without a window manager.
-class VirtualDisplay
+// The program draws there, and nothing says how.
+Environment on(const support::VirtualDisplay &display)
 {
-public:
-    VirtualDisplay()
-    {
-        m_server.start(QStringLiteral("Xvfb"),
-                       {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                        QStringLiteral("0"), QStringLiteral("1366x768x24"), QStringLiteral("-nolisten"),
-                        QStringLiteral("tcp")});
-        while (!m_server.canReadLine() && m_server.waitForReadyRead(kStartMs)) { }
-        m_number = QString::fromLatin1(m_server.readLine()).trimmed();
-    }
-    ~VirtualDisplay()
-    {
-        m_server.terminate();
-        m_server.waitForFinished(5000);
-    }
-    VirtualDisplay(const VirtualDisplay &) = delete;
-    VirtualDisplay &operator=(const VirtualDisplay &) = delete;
-
-    bool isGood() const { return !m_number.isEmpty(); }
-
-    // The program draws there, and nothing says how.
-    Environment environment() const
-    {
-        return [number = m_number](QProcessEnvironment &environment) {
-            withoutGraphics(environment);
-            environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-            environment.insert(QStringLiteral("DISPLAY"), QLatin1Char(':') + number);
-        };
-    }
-
-private:
-    QProcess m_server;
-    QString m_number;
-};
+    return [number = display.name()](QProcessEnvironment &environment) {
+        withoutGraphics(environment);
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+        environment.insert(QStringLiteral("DISPLAY"), number);
+    };
+}
 
 } // namespace
 
@@ -179,10 +152,9 @@ private slots:
     // Neither the splash nor the window loads a driver, which would cost 50 MB and more.
     void loadsNoGraphicsDriver()
     {
-        const VirtualDisplay display;
+        const support::VirtualDisplay display;
         QVERIFY2(display.isGood(), "Xvfb cannot be started");
-        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), QStringLiteral("C.UTF-8"),
-                  display.environment());
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), QStringLiteral("C.UTF-8"), on(display));
         QVERIFY2(panel.printed(kStarted), qPrintable(panel.output()));
         QFile maps(QStringLiteral("/proc/%1/maps").arg(panel.processId()));
         QVERIFY(maps.open(QIODevice::ReadOnly));
@@ -267,11 +239,10 @@ private slots:
     // Where there is a screen, a window asks and the panel waits for the answer.
     void anObstacleIsAskedAbout()
     {
-        const VirtualDisplay display;
+        const support::VirtualDisplay display;
         QVERIFY2(display.isGood(), "Xvfb cannot be started");
         QVERIFY(QDir().mkpath(lockPath()));
-        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), QStringLiteral("C.UTF-8"),
-                  display.environment());
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), QStringLiteral("C.UTF-8"), on(display));
         QVERIFY2(panel.printed(QStringLiteral("critical|The settings of the panel")),
                  qPrintable(panel.output()));
         panel.readOn(1000);

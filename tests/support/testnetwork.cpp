@@ -220,9 +220,14 @@ bool TestNetwork::enter(const QString &host)
     return entered;
 }
 
+std::unique_ptr<QProcess> TestNetwork::processIn(const QString &host)
+{
+    return std::make_unique<HostProcess>(host);
+}
+
 QProcess *TestNetwork::start(const QString &host, const QString &program, const QStringList &arguments)
 {
-    processes.push_back(std::make_unique<HostProcess>(host));
+    processes.push_back(processIn(host));
     QProcess *process = processes.back().get();
     process->start(program, arguments);
     if (!process->waitForStarted(kCommandMs) && trouble.isEmpty())

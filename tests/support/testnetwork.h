@@ -54,6 +54,8 @@ public:
 
     // Moves the calling thread into a host for good; sockets it opens from now on are that host's.
     static bool enter(const QString &host);
+    // A process that will start inside a host; who takes it sets it up, starts it and ends it.
+    static std::unique_ptr<QProcess> processIn(const QString &host);
     // Starts a program inside a host; it ends with this object at the latest.
     QProcess *start(const QString &host, const QString &program, const QStringList &arguments);
 
@@ -78,3 +80,13 @@ private:
 };
 
 } // namespace support
+
+// The main of a test that makes such a network.
+#define NETWORK_TEST_MAIN(TestClass)                                                                         \
+    int main(int argc, char **argv)                                                                          \
+    {                                                                                                        \
+        support::TestNetwork::obtainRights(argv);                                                            \
+        QCoreApplication application(argc, argv);                                                            \
+        TestClass test;                                                                                      \
+        return QTest::qExec(&test, argc, argv);                                                              \
+    }

@@ -1,0 +1,229 @@
+#include "tests/outside/realpanel.h"
+
+#include <QThread>
+#include <QtTest>
+
+#include <sys/stat.h>
+
+namespace {
+
+const QString kTitle = QStringLiteral("QKV-720 v");
+constexpr int kListClosesMs = 300;
+constexpr int kHoldoutWindowRead = 0x5F; // the last read of a connect
+
+QMap<QString, QRect> readPlaces()
+{
+    QFile names(QStringLiteral(CONTROLS_FILE));
+    QFile numbers(QStringLiteral(PLACES_FILE));
+    QMap<QString, QRect> places;
+    if (!names.open(QIODevice::ReadOnly) || !numbers.open(QIODevice::ReadOnly))
+        return places;
+    while (!names.atEnd()) {
+        const QString name = QString::fromUtf8(names.readLine()).trimmed();
+        if (name.isEmpty() || name.contains(QLatin1Char('(')))
+            continue;
+        const QList<QByteArray> fields = numbers.readLine().trimmed().split(' ');
+        if (fields.size() == 4)
+            places.insert(
+                name,
+                {fields.at(0).toInt(), fields.at(1).toInt(), fields.at(2).toInt(), fields.at(3).toInt()});
+    }
+    return places;
+}
+
+Environment on(const QString &display, const Environment &more)
+{
+    return [display, more](QProcessEnvironment &environment) {
+        for (const char *name : {"QT_QUICK_BACKEND", "QMLSCENE_DEVICE", "QT_XCB_GL_INTEGRATION"})
+            environment.remove(QLatin1String(name));
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+        environment.insert(QStringLiteral("DISPLAY"), display);
+        if (more)
+            more(environment);
+    };
+}
+
+std::unique_ptr<Run> runAt(const RealPanel::Place &place, const QString &display)
+{
+    QStringList words = place.through + QStringList{QStringLiteral(PANEL_PROGRAM)};
+    const QString program = words.takeFirst();
+    return std::make_unique<Run>(
+        program, place.folder, QStringLiteral("C.UTF-8"), on(display, place.environment),
+        place.host.isEmpty() ? std::make_unique<QProcess>() : support::TestNetwork::processIn(place.host),
+        words);
+}
+
+int entriesOf(const QString &folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
+}
+
+} // namespace
+
+RealPanel::RealPanel(const Place &place)
+    : m_run(runAt(place, m_display.name()))
+    , m_screen(m_display.name())
+{
+}
+
+QString RealPanel::complaint() const
+{
+    if (!m_display.isGood() || !m_screen.isGood())
+        return QStringLiteral("Xvfb cannot be started, or its display not be reached.");
+    return {};
+}
+
+bool RealPanel::windowComes()
+{
+    return QTest::qWaitFor([this] { return m_screen.hasWindow(kTitle); }, kStartMs);
+}
+
+bool RealPanel::stands()
+{
+    return m_run->printed(QStringLiteral("onRefreshLanguage")) && windowComes();
+}
+
+QRect RealPanel::place(const QString &control)
+{
+    static const QMap<QString, QRect> places = readPlaces();
+    if (!places.contains(control))
+        qFatal("%s is not in controls.txt, or the screen has no such control", qPrintable(control));
+    return places.value(control);
+}
+
+void RealPanel::click(const QString &control)
+{
+    m_screen.click(place(control).center());
+}
+
+void RealPanel::drag(const QString &control, int fromPercent, int toPercent)
+{
+    const QRect all = place(control);
+    const auto at = [&all](int percent) {
+        return QPoint(all.left() + all.width() * percent / 100, all.center().y());
+    };
+    constexpr int kSteps = 8;
+    m_screen.move(at(fromPercent));
+    m_screen.press();
+    for (int step = 1; step <= kSteps; ++step)
+        m_screen.move(at(fromPercent + (toPercent - fromPercent) * step / kSteps));
+    m_screen.release();
+}
+
+void RealPanel::choose(const QString &control, int row)
+{
+    const QRect box = place(control);
+    const QImage below = m_screen.look(box.translated(0, box.height()));
+    click(control);
+    if (!QTest::qWaitFor([&] { return m_screen.look(box.translated(0, box.height())) != below; }))
+        qFatal("%s does not open", qPrintable(control));
+    m_screen.click(box.center() + QPoint(0, box.height() * (row + 1)));
+    m_run->readOn(kListClosesMs);
+}
+
+bool RealPanel::changes(const QString &control, const QImage &from, int withinMs) const
+{
+    return QTest::qWaitFor([&] { return look(control) != from; }, withinMs);
+}
+
+bool RealPanel::shows(const QString &control, const QImage &picture, int withinMs) const
+{
+    return QTest::qWaitFor([&] { return look(control) == picture; }, withinMs);
+}
+
+int RealPanel::close(int withinMs)
+{
+    if (!m_screen.closeWindow(kTitle) || !m_run->ended(withinMs) || m_run->crashed())
+        return -1;
+    return m_run->exitCode();
+}
+
+RealPanel::Figures RealPanel::figures() const
+{
+    const QString process = QStringLiteral("/proc/%1/").arg(m_run->processId());
+    Figures figures;
+    QFile file(process + QStringLiteral("statm"));
+    if (file.open(QIODevice::ReadOnly)) {
+        constexpr int kPageKb = 4;
+        figures.rssKb = file.readAll().split(' ').value(1).toInt() * kPageKb;
+    }
+    figures.descriptors = entriesOf(process + QStringLiteral("fd"));
+    figures.threads = entriesOf(process + QStringLiteral("task"));
+    return figures;
+}
+
+QStringList RealPanel::strangeLines() const
+{
+    QStringList strange;
+    for (const QString &line : m_run->output().split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        if (!line.startsWith(QLatin1String("debug|")))
+            strange.append(line);
+    }
+    return strange;
+}
+
+Studio::Studio()
+    : panelHost(net.addHost())
+    , unitHost(net.addHost())
+{
+    const QString cable = net.addSwitch();
+    net.plug(panelHost, QStringLiteral("eth0"), cable, {QStringLiteral("192.168.72.1/24")});
+    net.plug(unitHost, QStringLiteral("eth0"), cable, {QStringLiteral("192.168.72.10/24")});
+    if (!net.isGood())
+        return;
+    support::UnitHost::Options options;
+    options.address = QStringLiteral("192.168.72.10");
+    options.netNamespace = unitHost;
+    options.discovery = options.broadcasts = true;
+    unit = std::make_unique<support::UnitHost>(options);
+    unit->withNetwork([](standin::NetworkSettings &settings) { settings.name = QStringLiteral("STUDIO-1"); });
+}
+
+void Studio::saveSettings(const QMap<QString, QString> &changes) const
+{
+    QMap<QString, QString> keys;
+    unit->withNetwork([&keys](const standin::NetworkSettings &settings) {
+        keys = {{QStringLiteral("interface"), QStringLiteral("1")},
+                {QStringLiteral("netcard"), QStringLiteral("[192.168.72.1] eth0")},
+                {QStringLiteral("ipaddress"), QStringLiteral("192.168.72.10")},
+                {QStringLiteral("hostname"), settings.name},
+                {QStringLiteral("mac"), QString::fromLatin1(settings.mac.toHex(':').toUpper())},
+                {QStringLiteral("gateway"), settings.gateway.toString()},
+                {QStringLiteral("mask"), settings.mask.toString()},
+                {QStringLiteral("primarydns"), settings.primaryDns.toString()},
+                {QStringLiteral("seconddns"), settings.secondaryDns.toString()}};
+    });
+    QString text = QStringLiteral("[connection]\n");
+    for (auto it = changes.cbegin(); it != changes.cend(); ++it)
+        keys.insert(it.key(), it.value());
+    for (auto it = keys.cbegin(); it != keys.cend(); ++it)
+        text += it.key() + QLatin1Char('=') + it.value() + QLatin1Char('\n');
+    QDir().mkpath(QFileInfo(settingsPath()).path());
+    QFile file(settingsPath());
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0)
+        qFatal("can't write the settings file");
+}
+
+std::unique_ptr<RealPanel> Studio::connectedPanel()
+{
+    saveSettings();
+    auto panel = std::make_unique<RealPanel>(panelPlace());
+    if (!panel->stands() || !isConnected())
+        qWarning("%s", qPrintable(panel->run().output()));
+    return panel;
+}
+
+bool Studio::sees(int code, int withinMs) const
+{
+    return QTest::qWaitFor([&] { return unit->count(code) > 0; }, withinMs);
+}
+
+bool Studio::isConnected(int withinMs) const
+{
+    return sees(kHoldoutWindowRead, withinMs);
+}
+
+bool wholeSet()
+{
+    return qEnvironmentVariableIsSet("OUTSIDE_WHOLE");
+}
