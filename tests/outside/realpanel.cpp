@@ -53,6 +53,19 @@ std::unique_ptr<Run> runAt(const RealPanel::Place &place, const QString &display
         words);
 }
 
+// A picture of the screen costs the display more than the panel that draws it: no more than some a second.
+template <typename Condition>
+bool looks(const Condition &condition, int withinMs)
+{
+    constexpr unsigned long kBetweenLooksMs = 50;
+    return QTest::qWaitFor(
+        [&] {
+            QThread::msleep(kBetweenLooksMs);
+            return condition();
+        },
+        withinMs);
+}
+
 int entriesOf(const QString &folder)
 {
     return QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
@@ -115,7 +128,7 @@ void RealPanel::choose(const QString &control, int row)
     const QRect box = place(control);
     const QImage below = m_screen.look(box.translated(0, box.height()));
     click(control);
-    if (!QTest::qWaitFor([&] { return m_screen.look(box.translated(0, box.height())) != below; }))
+    if (!looks([&] { return m_screen.look(box.translated(0, box.height())) != below; }, kStartMs))
         qFatal("%s does not open", qPrintable(control));
     m_screen.click(box.center() + QPoint(0, box.height() * (row + 1)));
     m_run->readOn(kListClosesMs);
@@ -123,12 +136,12 @@ void RealPanel::choose(const QString &control, int row)
 
 bool RealPanel::changes(const QString &control, const QImage &from, int withinMs) const
 {
-    return QTest::qWaitFor([&] { return look(control) != from; }, withinMs);
+    return looks([&] { return look(control) != from; }, withinMs);
 }
 
 bool RealPanel::shows(const QString &control, const QImage &picture, int withinMs) const
 {
-    return QTest::qWaitFor([&] { return look(control) == picture; }, withinMs);
+    return looks([&] { return look(control) == picture; }, withinMs);
 }
 
 int RealPanel::close(int withinMs)
