@@ -45,6 +45,10 @@ tshark                              reads captures through the dissector
 libxcb1-dev                         the tests work a virtual display by its events
 libxcb-xtest0-dev                   the tests work a virtual display by its events
 '
+needs_to_write='
+python3-markdown                    the pages of the manual
+python3-pil                         its pictures, cut from those of the panel
+'
 needs_to_lint='
 clang-tidy                          the habits of the code
 shellcheck                          the habits of the scripts

@@ -1,0 +1,348 @@
+// The operator's manual held against the catalogues and against itself, as it is delivered: every page is well-formed,
+// its links and pictures exist, its chapters are those of the other languages, and no message of the screen is without
+// its cause and its cure.
+
+#include <QDir>
+#include <QFile>
+#include <QHash>
+#include <QRegularExpression>
+#include <QSet>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+namespace {
+
+const QString kManual = QStringLiteral(QT_TESTCASE_SOURCEDIR "/../docs/manual");
+// Folder of the manual, code of the catalogue.
+const QHash<QString, QString> kLanguages{
+    {QStringLiteral("en"), QStringLiteral("en_US")},
+    {QStringLiteral("zh_TW"), QStringLiteral("zh_TW")},
+    {QStringLiteral("zh_CN"), QStringLiteral("zh_CN")},
+};
+// The pages and windows of the screen, by the entry of the catalogue that names them, and their chapter.
+const QVector<QPair<QString, QString>> kPlaces{
+    {QStringLiteral("Input"), QStringLiteral("input")},
+    {QStringLiteral("Chromakey"), QStringLiteral("chromakey")},
+    {QStringLiteral("Post-Processor"), QStringLiteral("post")},
+    {QStringLiteral("Garbage Mask"), QStringLiteral("masks")},
+    {QStringLiteral("Holdout Mask"), QStringLiteral("masks")},
+    {QStringLiteral("Aux Lumakey"), QStringLiteral("lumakey")},
+    {QStringLiteral("Pick Backing Color"), QStringLiteral("chromakey")},
+    {QStringLiteral("CONNECT"), QStringLiteral("connect")},
+    {QStringLiteral("WARNING"), QStringLiteral("connect")},
+    {QStringLiteral("SETUP"), QStringLiteral("setup")},
+    {QStringLiteral("Factory Default"), QStringLiteral("setup")},
+    {QStringLiteral("User Memory:"), QStringLiteral("band")},
+};
+// What the panel says without a catalogue.
+const QStringList kUntranslated{
+    QStringLiteral("-24"),
+    QStringLiteral("NACK"),
+    QStringLiteral("Get status failed. Please try again."),
+    QStringLiteral("The settings of the panel are locked by ..."),
+    QStringLiteral("The settings of the panel cannot be read: ..."),
+    QStringLiteral("The panel cannot draw its window: ..."),
+};
+
+struct Message
+{
+    QString context;
+    QString source;
+    QString shown;
+};
+
+// A table's row: the texts of its cells, and what stands in the first one as a message or as code.
+struct Row
+{
+    QStringList cells;
+    QStringList messages;
+};
+
+struct Page
+{
+    QString error;
+    QString heading;
+    QString text;
+    QStringList ids; // in their order
+    QStringList targets;
+    QVector<Row> rows;
+};
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QVector<Message> catalogue(const QString &code)
+{
+    QXmlStreamReader xml(
+        contentOf(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../resources/app_%1.ts").arg(code)));
+    QVector<Message> all;
+    QString context;
+    QString source;
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        if (xml.name() == QLatin1String("name"))
+            context = xml.readElementText();
+        else if (xml.name() == QLatin1String("source"))
+            source = xml.readElementText();
+        else if (xml.name() == QLatin1String("translation") && !source.isEmpty()) {
+            const QString translation = xml.readElementText();
+            all.append({context, source, translation.isEmpty() ? source : translation});
+        }
+    }
+    return all;
+}
+
+// What tells something, where the rest names something.
+bool isMessage(const Message &message)
+{
+    static const QSet<QString> classes{"mainControl", "qkv720", "HLNP"};
+    static const QSet<QString> spoken{"Connected",          "Disconnected",      "Disconnecting",
+                                      "Reset Successfully", "Save Successfully", "Network "};
+    static const QRegularExpression sentence(QStringLiteral("[.!?]$|\n"));
+    return classes.contains(message.context) || spoken.contains(message.source)
+        || sentence.match(message.source).hasMatch();
+}
+
+// As a name stands in running text: on one line, without the colon of its row.
+QString bare(const QString &shown)
+{
+    QString text = shown.simplified();
+    while (text.endsWith(QLatin1Char(':')))
+        text.chop(1);
+    return text.trimmed();
+}
+
+class Reader
+{
+public:
+    explicit Reader(const QByteArray &content)
+        : m_xml(content)
+    {
+    }
+
+    Page read()
+    {
+        while (!m_xml.atEnd()) {
+            const auto token = m_xml.readNext();
+            if (token == QXmlStreamReader::StartElement)
+                open();
+            else if (token == QXmlStreamReader::EndElement)
+                close();
+            else if (token == QXmlStreamReader::Characters)
+                take(m_xml.text().toString());
+        }
+        if (m_xml.hasError())
+            m_page.error = QStringLiteral("line %1: %2").arg(m_xml.lineNumber()).arg(m_xml.errorString());
+        return m_page;
+    }
+
+private:
+    void open()
+    {
+        const QString tag = m_xml.name().toString();
+        const QXmlStreamAttributes attributes = m_xml.attributes();
+        for (const char *name : {"href", "src"}) {
+            if (attributes.hasAttribute(QLatin1String(name)))
+                m_page.targets.append(attributes.value(QLatin1String(name)).toString());
+        }
+        if (attributes.hasAttribute(QLatin1String("id")))
+            m_page.ids.append(attributes.value(QLatin1String("id")).toString());
+        if (tag == QLatin1String("br"))
+            take(QStringLiteral(" "));
+        if (tag == QLatin1String("tr"))
+            m_row = Row();
+        if (tag == QLatin1String("td"))
+            m_cell.clear();
+        m_inMessage = tag == QLatin1String("code")
+            || attributes.value(QLatin1String("class")) == QLatin1String("message")
+            || (m_inMessage && tag == "br");
+        if (tag == QLatin1String("main"))
+            m_page.text.clear(); // the contents beside it name every chapter
+        m_heading = m_heading || tag == QLatin1String("h1");
+        if (m_inMessage && tag != QLatin1String("br"))
+            m_message.clear();
+    }
+
+    void close()
+    {
+        const QString tag = m_xml.name().toString();
+        if (tag == QLatin1String("h1"))
+            m_heading = false;
+        if (tag == QLatin1String("td"))
+            m_row.cells.append(m_cell.simplified());
+        if (tag == QLatin1String("tr") && !m_row.cells.isEmpty())
+            m_page.rows.append(m_row);
+        if (m_inMessage && tag != QLatin1String("br")) {
+            if (m_row.cells.isEmpty())
+                m_row.messages.append(m_message.simplified());
+            m_inMessage = false;
+        }
+    }
+
+    void take(const QString &text)
+    {
+        m_page.text += text;
+        m_cell += text;
+        if (m_inMessage)
+            m_message += text;
+        if (m_heading)
+            m_page.heading += text;
+    }
+
+    QXmlStreamReader m_xml;
+    Page m_page;
+    Row m_row;
+    QString m_cell;
+    QString m_message;
+    bool m_inMessage = false;
+    bool m_heading = false;
+};
+
+// Links lead to the same few pages again and again.
+const Page &readPage(const QString &path)
+{
+    static QHash<QString, Page> pages;
+    if (!pages.contains(path))
+        pages.insert(path, Reader(contentOf(path)).read());
+    return pages[path];
+}
+
+QStringList chapters(const QString &language)
+{
+    return QDir(kManual + QLatin1Char('/') + language).entryList({QStringLiteral("*.html")}, QDir::Files);
+}
+
+Page chapter(const QString &language, const QString &name)
+{
+    return readPage(QStringLiteral("%1/%2/%3.html").arg(kManual, language, name));
+}
+
+} // namespace
+
+class TestManual : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyPageIsWellFormed()
+    {
+        for (const QString &language : kLanguages.keys()) {
+            QVERIFY(chapters(language).size() > 15);
+            for (const QString &file : chapters(language)) {
+                const Page &page = readPage(kManual + '/' + language + '/' + file);
+                QVERIFY2(page.error.isEmpty(), qPrintable(language + '/' + file + ": " + page.error));
+                QVERIFY2(!page.heading.isEmpty(), qPrintable(language + '/' + file));
+            }
+        }
+    }
+
+    void chaptersAndSectionsAreTheSameInEachLanguage()
+    {
+        for (const QString &language : kLanguages.keys()) {
+            QCOMPARE(chapters(language), chapters(QStringLiteral("en")));
+            for (const QString &file : chapters(language)) {
+                const QStringList ids = readPage(kManual + '/' + language + '/' + file).ids;
+                QCOMPARE(ids, readPage(kManual + "/en/" + file).ids);
+                QCOMPARE(QSet<QString>(ids.begin(), ids.end()).size(), ids.size());
+            }
+        }
+    }
+
+    void noLinkAndNoPictureIsDead()
+    {
+        int local = 0;
+        for (const QString &language : kLanguages.keys()) {
+            for (const QString &file : chapters(language)) {
+                const QDir folder(kManual + QLatin1Char('/') + language);
+                for (const QString &target : readPage(folder.filePath(file)).targets) {
+                    const QString path = target.section(QLatin1Char('#'), 0, 0);
+                    const QString id = target.section(QLatin1Char('#'), 1);
+                    const QString found = folder.filePath(path.isEmpty() ? file : path);
+                    const QString told = language + '/' + file + " points at " + target;
+                    QVERIFY2(!target.contains(QLatin1Char(':')) && !target.startsWith(QLatin1Char('/')),
+                             qPrintable(told));
+                    QVERIFY2(QFile::exists(found), qPrintable(told));
+                    QVERIFY2(id.isEmpty() || readPage(found).ids.contains(id), qPrintable(told));
+                    ++local;
+                }
+            }
+        }
+        QVERIFY(local > 1000);
+    }
+
+    void everyMessageHasItsCauseAndItsCure_data() { languages(); }
+
+    void everyMessageHasItsCauseAndItsCure()
+    {
+        QFETCH(QString, language);
+        QSet<QString> explained;
+        for (const Row &row : chapter(language, QStringLiteral("messages")).rows) {
+            QCOMPARE(row.cells.size(), 3);
+            for (const QString &message : row.messages) {
+                QVERIFY2(row.cells.at(1).size() > 3 && row.cells.at(2).size() > 2, qPrintable(message));
+                explained.insert(message);
+            }
+        }
+        int messages = 0;
+        for (const Message &message : catalogue(kLanguages.value(language))) {
+            if (!isMessage(message))
+                continue;
+            ++messages;
+            QVERIFY2(explained.contains(message.shown.simplified()),
+                     qPrintable(message.context + ": " + message.shown.simplified()));
+        }
+        QCOMPARE(messages, 49);
+        for (const QString &message : kUntranslated)
+            QVERIFY2(explained.contains(message), qPrintable(message));
+    }
+
+    void everyOtherWordHasItsPlace_data() { languages(); }
+
+    void everyOtherWordHasItsPlace()
+    {
+        QFETCH(QString, language);
+        QHash<QString, QString> places;
+        for (const Row &row : chapter(language, QStringLiteral("words")).rows)
+            places.insert(row.cells.value(0), row.cells.value(1));
+        int words = 0;
+        for (const Message &message : catalogue(kLanguages.value(language))) {
+            if (isMessage(message))
+                continue;
+            ++words;
+            QVERIFY2(!places.value(bare(message.shown)).isEmpty(),
+                     qPrintable(message.context + ": " + message.shown));
+        }
+        QCOMPARE(words, 138);
+    }
+
+    void everyPageOfTheScreenHasItsChapter_data() { languages(); }
+
+    void everyPageOfTheScreenHasItsChapter()
+    {
+        QFETCH(QString, language);
+        QHash<QString, QString> shown;
+        for (const Message &message : catalogue(kLanguages.value(language)))
+            shown.insert(message.source, bare(message.shown));
+        for (const auto &place : kPlaces) {
+            const Page page = chapter(language, place.second);
+            QVERIFY2(!shown.value(place.first).isEmpty() && page.text.contains(shown.value(place.first)),
+                     qPrintable(place.first));
+            QVERIFY2(!page.targets.filter(QStringLiteral("pictures/")).isEmpty(), qPrintable(place.second));
+        }
+    }
+
+private:
+    static void languages()
+    {
+        QTest::addColumn<QString>("language");
+        for (const QString &language : kLanguages.keys())
+            QTest::newRow(qPrintable(language)) << language;
+    }
+};
+
+QTEST_GUILESS_MAIN(TestManual)
+#include "tst_manual.moc"
