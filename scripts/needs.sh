@@ -41,6 +41,8 @@ python3-cairo                       the pictures
 python3-gi                          the pictures
 python3-gi-cairo                    the pictures
 gir1.2-pango-1.0                    the pictures
+python3-fonttools                   the face of the open angle signs
+x11-utils                           font settings of a desktop, for a test
 tshark                              reads captures through the dissector
 libxcb1-dev                         the tests work a virtual display by its events
 libxcb-xtest0-dev                   the tests work a virtual display by its events

@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <QDir>
-#include <QFont>
 #include <QIcon>
 #include <QLocale>
 #include <QLoggingCategory>
@@ -23,6 +22,7 @@
 #include "control/maincontrol.h"
 #include "control/settingsfile.h"
 #include "shell/displayguard.h"
+#include "shell/lettering.h"
 #include "shell/logtext.h"
 #include "shell/qmltranslator.h"
 #include "shell/settingscheck.h"
@@ -75,9 +75,7 @@ void prepareToolkit()
     // QIcon takes file names, not addresses: this makes a name with the scheme "qrc:" a file name of the
     // resource root. The QML engine's own addresses are untouched by it.
     QDir::setSearchPaths(QStringLiteral("qrc"), {QStringLiteral(":")});
-    // The family that the documents name is no family to the toolkit; without this, Chinese falls to a face
-    // whose digits are too wide.
-    QFont::insertSubstitution(QStringLiteral("Noto Sans CJK TC Regular"), QStringLiteral("Noto Sans CJK TC"));
+    prepareLettering();
 }
 
 // The toolkit aborts when it cannot draw a window and nobody listens to that.

@@ -162,6 +162,9 @@ GroupSection {
             }
         }
 
+        // The face of the signs in the two rows below.
+        FontLoader { source: "qrc:/OpenAngleSigns.ttf" }
+
         OpenAngleRow {
             id: rowOpenAnglePlus
             sign: "+"

@@ -1,12 +1,12 @@
 #!/usr/bin/python3
-"""Draws every picture of the panel.
+"""Draws every picture of the panel, and the face of its open angle signs.
 
-    draw.py            writes the pictures under resources/img
+    draw.py            writes the pictures under resources/img, and resources/OpenAngleSigns.ttf
     draw.py --check    tells whether the pictures there are the ones it draws, nothing missing, nothing more
     draw.py --sheet    writes the contact sheets docs/pictures-pc.png, -CN and -TW
 
-Needs python3-cairo, python3-gi-cairo, gir1.2-pango-1.0, Carlito (fonts-crosextra-carlito) and Noto Sans CJK
-(fonts-noto-cjk).
+Needs python3-cairo, python3-gi-cairo, gir1.2-pango-1.0, python3-fonttools, Carlito (fonts-crosextra-carlito) and
+Noto Sans CJK (fonts-noto-cjk).
 """
 
 import argparse
@@ -16,6 +16,7 @@ import sys
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
 IMAGES = ROOT / "resources" / "img"
+SIGNS = ROOT / "resources" / "OpenAngleSigns.ttf"
 ICON_SIZES = (16, 32, 48, 256)
 
 sys.dont_write_bytecode = True
@@ -25,6 +26,7 @@ import faces  # noqa: E402
 import grounds  # noqa: E402
 import picturefile  # noqa: E402
 import sheet  # noqa: E402
+import signs  # noqa: E402
 import symbols  # noqa: E402
 from canvas import PangoCairo  # noqa: E402
 from palette import FAMILIES, FOLDERS  # noqa: E402
@@ -61,6 +63,7 @@ def draw():
         path.parent.mkdir(parents=True, exist_ok=True)
         path.write_bytes(data)
         count, size = count + 1, size + len(data)
+    SIGNS.write_bytes(signs.font())
     print(f"{count} pictures, {size / 1024:.0f} KiB")
     return 0
 
@@ -75,6 +78,8 @@ def check():
             wrong.append(f"differs: {path.relative_to(ROOT)}")
     wrong += [f"not drawn: {path.relative_to(ROOT)}" for path in sorted(IMAGES.rglob("*"))
               if path.is_file() and path not in known]
+    if not SIGNS.exists() or not signs.same(SIGNS, signs.font()):
+        wrong.append(f"missing or differs: {SIGNS.relative_to(ROOT)}")
     print("\n".join(wrong) or f"{len(known)} pictures are as drawn")
     return 1 if wrong else 0
 

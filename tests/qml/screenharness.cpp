@@ -1,13 +1,21 @@
 #include "tests/qml/screenharness.h"
 
-#include <QFont>
+#include "shell/lettering.h"
+
 #include <QLoggingCategory>
+
+namespace {
+
+// As the program's own main prepares the toolkit: before the application object stands.
+const bool kLetteringPrepared = (prepareLettering(), true);
+
+} // namespace
 
 ScreenHarness::ScreenHarness()
 {
-    // As the program's own main prepares the toolkit.
+    Q_UNUSED(kLetteringPrepared)
+    // As there, too.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.qml.connections=false"));
-    QFont::insertSubstitution(QStringLiteral("Noto Sans CJK TC Regular"), QStringLiteral("Noto Sans CJK TC"));
 }
 
 void ScreenHarness::publish(QQmlEngine &engine, QObject *facade)

@@ -1,7 +1,6 @@
 // The program itself, started as an operator starts it: what it makes of the settings file, what it logs, how it ends.
 
-#include "panelrun.h"
-#include "tests/support/virtualdisplay.h"
+#include "displayrun.h"
 
 #include <QSysInfo>
 #include <QtTest>
@@ -27,23 +26,6 @@ void write(const QString &path, const QByteArray &bytes)
 void writeLock(const QString &host)
 {
     write(lockPath(), "4194303\nqkv720-panel\n" + host.toUtf8() + "\n");
-}
-
-// A machine without a graphics driver, and nothing said about how to draw.
-void withoutGraphics(QProcessEnvironment &environment)
-{
-    for (const char *name : {"DISPLAY", "QT_QUICK_BACKEND", "QMLSCENE_DEVICE", "QT_XCB_GL_INTEGRATION"})
-        environment.remove(QString::fromLatin1(name));
-}
-
-// The program draws there, and nothing says how.
-Environment on(const support::VirtualDisplay &display)
-{
-    return [number = display.name()](QProcessEnvironment &environment) {
-        withoutGraphics(environment);
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-        environment.insert(QStringLiteral("DISPLAY"), number);
-    };
 }
 
 } // namespace
