@@ -42,6 +42,7 @@ const QStringList kUntranslated{
     QStringLiteral("The settings of the panel are locked by ..."),
     QStringLiteral("The settings of the panel cannot be read: ..."),
     QStringLiteral("The panel cannot draw its window: ..."),
+    QStringLiteral("The panel finds no display: ..."),
 };
 
 struct Message
