@@ -10,6 +10,10 @@
 #include <QXmlStreamReader>
 #include <QtTest>
 
+#include <numeric>
+
+#include "device/timing.h"
+
 namespace {
 
 const QString kManual = QStringLiteral(QT_TESTCASE_SOURCEDIR "/../docs/manual");
@@ -336,7 +340,38 @@ private slots:
         }
     }
 
+    // A wait that changes in the code changes in what operators are told.
+    void theTimesAreThoseOfTheCode_data() { languages(); }
+
+    void theTimesAreThoseOfTheCode()
+    {
+        QFETCH(QString, language);
+        constexpr int recallExchanges = 20;
+        const unsigned long recall = kRecallPausesMs + recallExchanges * kNetworkDefaultMs;
+        const unsigned long serialRecall = kRecallPausesMs + recallExchanges * kSerialDefaultMs;
+        // Each attempt waits for its reply, then for bytes.
+        const unsigned long silence = attempts(kStandardLadder, kNetworkDefaultMs + kReadMs);
+        const unsigned long silentKey = attempts(kNetworkKeyColorLadder, kReplyWaits[0].networkMs + kReadMs);
+        const QString text = chapter(language, QStringLiteral("waits")).text;
+        const QString second = language == QLatin1String("en") ? QStringLiteral("s") : QStringLiteral("秒");
+        for (const unsigned long ms :
+             {recall, serialRecall, silence, (silentKey + 999) / 1000 * 1000, kReplyWaits[0].networkMs,
+              kSerialAutoKeyMs, kNetworkDefaultMs, kSerialDefaultMs}) {
+            const QString told = QString::number(double(ms) / 1000) + QLatin1Char(' ') + second;
+            QVERIFY2(text.contains(QRegularExpression("(^|[^0-9.])" + QRegularExpression::escape(told))),
+                     qPrintable(told));
+        }
+    }
+
 private:
+    static constexpr unsigned long kReadMs = 1000;
+
+    static unsigned long attempts(const RetryLadder &ladder, unsigned long each)
+    {
+        return std::accumulate(ladder.sleepsMs.begin(), ladder.sleepsMs.begin() + int(ladder.retries),
+                               each * (ladder.retries + 1));
+    }
+
     static void languages()
     {
         QTest::addColumn<QString>("language");
