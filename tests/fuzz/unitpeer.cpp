@@ -8,6 +8,8 @@
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <netinet/tcp.h>
+#include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <termios.h>
 #include <unistd.h>
@@ -60,6 +62,13 @@ const Terminal &terminal()
     return made;
 }
 
+int waitingIn(int handle)
+{
+    int bytes = 0;
+    ::ioctl(handle, FIONREAD, &bytes);
+    return bytes;
+}
+
 // A connection that ends so leaves nothing behind; the machine would run out of ports otherwise.
 void closeAtOnce(int handle)
 {
@@ -101,6 +110,12 @@ QString UnitPeer::target() const
 
 void UnitPeer::look()
 {
+    if (world::wasWritten()) {
+        std::array<pollfd, 2> handles = {{{end, POLLIN, 0}, {-1, POLLIN, 0}}};
+        if (link == standin::LinkKind::Network)
+            handles[1].fd = listener();
+        ::poll(handles.data(), handles.size(), end < 0 ? 0 : world::kMomentMs);
+    }
     if (link == standin::LinkKind::Network) {
         const int next = ::accept4(listener(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
         if (next >= 0) {
@@ -194,10 +209,16 @@ void UnitPeer::put(const QByteArray &bytes)
 {
     if (end < 0 || bytes.isEmpty())
         return;
-    const ssize_t sent = link == standin::LinkKind::Serial
+    const bool isSerial = link == standin::LinkKind::Serial;
+    const int other = isSerial ? terminal().slave : world::connectedStream();
+    const int before = waitingIn(other);
+    const ssize_t sent = isSerial
         ? ::write(end, bytes.constData(), static_cast<size_t>(bytes.size()))
         : ::send(end, bytes.constData(), static_cast<size_t>(bytes.size()), MSG_NOSIGNAL);
-    static_cast<void>(sent); // a line that takes no more is the input's doing
+    world::wasWritten(); // these were the unit's own
+    // What is put on a link lies at its other end before time goes on.
+    for (int i = 0; i < world::kMomentMs * 20 && waitingIn(other) < before + sent; ++i)
+        ::usleep(50);
 }
 
 // A terminal has no end that the unit could close.

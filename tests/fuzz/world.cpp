@@ -2,6 +2,7 @@
 
 #include <QThread>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -13,6 +14,7 @@
 #include <sched.h>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <utility>
 
 namespace world {
 
@@ -26,6 +28,7 @@ struct State
     std::function<void(const QByteArray &)> taken;
     std::deque<Datagram> datagrams;
     bool isLooking = false;
+    bool wasWritten = false;
 };
 
 State &state()
@@ -99,6 +102,20 @@ void pass(qint64 ms)
         look();
 }
 
+namespace {
+int lastStream = -1;
+}
+
+int connectedStream()
+{
+    return lastStream;
+}
+
+bool wasWritten()
+{
+    return std::exchange(state().wasWritten, false);
+}
+
 void takeDatagrams(const std::function<void(const QByteArray &)> &taken)
 {
     state().taken = taken;
@@ -125,16 +142,27 @@ void QThread::msleep(unsigned long ms)
 
 namespace {
 
-bool isDatagramSocket(int handle)
+bool isSocketOf(int handle, int wantedType)
 {
     int type = 0;
     int domain = 0;
     socklen_t length = sizeof type;
-    if (!world::state().taken || ::getsockopt(handle, SOL_SOCKET, SO_TYPE, &type, &length) != 0)
+    if (::getsockopt(handle, SOL_SOCKET, SO_TYPE, &type, &length) != 0 || type != wantedType)
         return false;
     length = sizeof domain;
-    return type == SOCK_DGRAM && ::getsockopt(handle, SOL_SOCKET, SO_DOMAIN, &domain, &length) == 0
+    return ::getsockopt(handle, SOL_SOCKET, SO_DOMAIN, &domain, &length) == 0
         && (domain == AF_INET || domain == AF_INET6);
+}
+
+bool isDatagramSocket(int handle)
+{
+    return world::state().taken && isSocketOf(handle, SOCK_DGRAM);
+}
+
+void noteWrite(int handle)
+{
+    if (isSocketOf(handle, SOCK_STREAM) || ::isatty(handle) == 1)
+        world::state().wasWritten = true;
 }
 
 template <typename Call>
@@ -148,7 +176,13 @@ int readyNow(pollfd *handles, nfds_t count)
     using Poll = int (*)(pollfd *, nfds_t, const timespec *, const sigset_t *);
     static const Poll poll = original<Poll>("ppoll");
     const timespec none = {};
-    const int ready = poll(handles, count, &none, nullptr);
+    const timespec moment = {0, world::kMomentMs * 1000000L};
+    int ready = poll(handles, count, &none, nullptr);
+    // What can't be written at once is a connection on its way.
+    if (ready == 0 && std::any_of(handles, handles + count, [](const pollfd &one) {
+            return (one.events & POLLOUT) != 0;
+        }))
+        ready = poll(handles, count, &moment, nullptr);
     if (ready != 0 || world::waitingDatagrams() == 0)
         return ready;
     int datagrams = 0;
@@ -176,6 +210,31 @@ int ppoll(pollfd *handles, nfds_t count, const timespec *timeout, const sigset_t
         ready = readyNow(handles, count);
     }
     return ready;
+}
+
+int connect(int handle, const sockaddr *address, socklen_t size)
+{
+    using Connect = int (*)(int, const sockaddr *, socklen_t);
+    static const Connect connect = original<Connect>("connect");
+    if (isSocketOf(handle, SOCK_STREAM))
+        world::lastStream = handle;
+    return connect(handle, address, size);
+}
+
+ssize_t write(int handle, const void *bytes, size_t size)
+{
+    using Write = ssize_t (*)(int, const void *, size_t);
+    static const Write write = original<Write>("write");
+    noteWrite(handle);
+    return write(handle, bytes, size);
+}
+
+ssize_t send(int handle, const void *bytes, size_t size, int flags)
+{
+    using Send = ssize_t (*)(int, const void *, size_t, int);
+    static const Send send = original<Send>("send");
+    noteWrite(handle);
+    return send(handle, bytes, size, flags);
 }
 
 ssize_t sendmsg(int handle, const msghdr *message, int flags)

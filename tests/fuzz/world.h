@@ -4,6 +4,7 @@
 #include <QHostAddress>
 
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <functional>
 
@@ -25,6 +26,13 @@ void begin(const std::function<void()> &look);
 qint64 nowMs(); // since begin()
 void plan(qint64 inMs, const std::function<void()> &act);
 void pass(qint64 ms);
+
+// Whether the panel has written to a stream or a terminal since this was last asked. The machine takes a moment to
+// carry bytes from one end of a link to the other; whoever looks for them then has to wait for that moment in earnest.
+bool wasWritten();
+constexpr int kMomentMs = 20; // the longest
+// The panel's end of the stream that it connected last.
+int connectedStream();
 
 // Datagrams: every IPv4 datagram that the program sends ends in `taken`, and no system call is made for it. What
 // is put into the queue is what the program receives.
@@ -71,8 +79,10 @@ private:
     size_t at = 0;
 };
 
-inline void require(bool holds)
+inline void require(bool holds, const char *file = __builtin_FILE(), int line = __builtin_LINE())
 {
-    if (!holds)
-        std::abort();
+    if (holds)
+        return;
+    std::fprintf(stderr, "%s:%d: a promise was broken\n", file, line);
+    std::abort();
 }
