@@ -45,11 +45,13 @@ QVector<QPair<QVector<FieldRow>, int>> rowsOfChain()
             {rowsOf(0x54), 50}, {rowsOf(0x55), 60}, {rowsOf(0x56), 67}};
 }
 
-PanelModel::PanelModel(uint link, const Form &wanted, int code, const Snapshot &before, bool isOpen)
+PanelModel::PanelModel(uint link, const Form &wanted, int code, const Snapshot &before, bool isOpen,
+                       int latenessMs)
     : fields(before)
     , method(link)
     , form(wanted)
     , faultedCode(code)
+    , lateness(latenessMs)
     , connected(isOpen)
     , socket(Socket::Up)
 {
@@ -107,7 +109,7 @@ void PanelModel::send(const QByteArray &body)
     const Answer answer = suffers ? faultyAnswer(form, method, body, faultedFrames++)
                                   : Answer{{{0, healthyAnswer(method, body)}}};
     for (const Chunk &chunk : answer.chunks)
-        arrivals.append({now + chunk.delayMs, chunk.bytes});
+        arrivals.append({now + chunk.delayMs + (chunk.delayMs > 0 ? lateness : 0), chunk.bytes});
     std::stable_sort(arrivals.begin(), arrivals.end(),
                      [](const Arrival &left, const Arrival &right) { return left.at < right.at; });
     if (answer.ending == Ending::None)

@@ -14,8 +14,10 @@ namespace matrix {
 class PanelModel
 {
 public:
-    // `fields` as they stand when the operation begins; the link is up, or not yet opened.
-    PanelModel(uint link, const Form &form, int faultedCode, const Snapshot &before, bool isOpen);
+    // `before`: the fields as they stand when the operation begins; the link is up, or not yet opened. What a unit
+    // sends later than at once comes later still by `latenessMs`.
+    PanelModel(uint link, const Form &form, int faultedCode, const Snapshot &before, bool isOpen,
+               int latenessMs);
 
     // What became of it.
     Snapshot fields;
@@ -23,7 +25,6 @@ public:
     QVector<int> sleeps;
     int signalCount = 0;
     double elapsedMs() const { return now; }
-    bool isConnected() const { return connected; }
 
     // Steps of which operations are made. A command is its code, payload and ext.
     struct Step
@@ -88,6 +89,7 @@ private:
 
     Form form;
     int faultedCode;
+    int lateness;
     int faultedFrames = 0;
     double now = 0;
     bool connected;

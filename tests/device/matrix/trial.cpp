@@ -35,6 +35,9 @@ namespace {
 
 constexpr std::chrono::milliseconds kSettleTime{
     40}; // for what was just put on a link to lie at its other end
+// Some bytes are due at the very moment at which the panel reads; a unit that is late by this decides otherwise, and
+// either will do.
+constexpr int kUnitLateMs = 25;
 constexpr int kMayBeEarlyMs = 15;
 constexpr int kMayBeLateMs = 2500;
 
@@ -118,6 +121,31 @@ bool isOfALinkThatStands(const Form &form, uint method)
         || (liesThere && method == kNetwork);
 }
 
+// What is seen of an operation from outside; the flag is among the fields.
+struct Outcome
+{
+    QString result;
+    QStringList frames;
+    QVector<int> sleeps;
+    int signalCount = 0;
+    Snapshot fields;
+    qint64 elapsedMs = 0;
+};
+
+QString differenceOf(const Outcome &outcome, const PanelModel &model, const QString &expected)
+{
+    Verdict verdict;
+    verdict.compare("result", outcome.result, expected);
+    verdict.compare("frames", inWords(outcome.frames), inWords(model.frames));
+    verdict.compare("signals", outcome.signalCount, model.signalCount);
+    verdict.compare("sleeps", inWords(outcome.sleeps), inWords(model.sleeps));
+    verdict.text += differences(outcome.fields, model.fields);
+    const auto due = static_cast<qint64>(model.elapsedMs());
+    if (outcome.elapsedMs < due - kMayBeEarlyMs || outcome.elapsedMs > due + kMayBeLateMs)
+        verdict.add("time", QString::number(outcome.elapsedMs), QString::number(due));
+    return verdict.text;
+}
+
 void requireRecovery(Bench &bench, Verdict &verdict)
 {
     bench.unit.setAngle(QByteArray::fromHex("2143"));
@@ -173,25 +201,27 @@ QString tryCase(const Case &cell)
     bringAbout(*bench, cell.form);
     bench->signalCount = 0;
     sleepsTaken.clear();
-    PanelModel model(cell.method, cell.form, operation.faultedCode, snapshotOf(bench->device),
-                     !operation.opensLink);
+    const Snapshot before = snapshotOf(bench->device);
 
     QElapsedTimer timer;
     timer.start();
-    const QString result = operation.call(bench->device, cell.method);
-    const qint64 elapsed = timer.elapsed();
-    const QString expected = operation.expect(model);
+    Outcome outcome;
+    outcome.result = operation.call(bench->device, cell.method);
+    outcome.elapsedMs = timer.elapsed();
+    outcome.frames = bench->unit.frames();
+    outcome.sleeps = sleepsTaken;
+    outcome.fields = snapshotOf(bench->device);
+    outcome.signalCount = bench->signalCount;
 
     Verdict verdict;
-    verdict.compare("result", result, expected);
-    verdict.compare("frames", inWords(bench->unit.frames()), inWords(model.frames));
-    verdict.compare("signals", bench->signalCount, model.signalCount);
-    verdict.compare("sleeps", inWords(sleepsTaken), inWords(model.sleeps));
-    verdict.compare("flag", bench->device.isConnected, model.isConnected());
-    verdict.text += differences(snapshotOf(bench->device), model.fields);
-    const auto due = static_cast<qint64>(model.elapsedMs());
-    if (elapsed < due - kMayBeEarlyMs || elapsed > due + kMayBeLateMs)
-        verdict.add("time", QString::number(elapsed), QString::number(due));
+    for (const int lateness : {0, kUnitLateMs}) {
+        PanelModel model(cell.method, cell.form, operation.faultedCode, before, !operation.opensLink,
+                         lateness);
+        const QString expected = operation.expect(model);
+        verdict.text = differenceOf(outcome, model, expected);
+        if (verdict.text.isEmpty())
+            break;
+    }
     requireRecovery(*bench, verdict);
     bench->device.disconnectDevice(cell.method); // an open port would leave its lock file behind
     verdict.compare("warnings", warnings.join(QLatin1Char('/')), QString());
