@@ -7,13 +7,14 @@
 using support::runCtl;
 using support::words;
 
-// The manual page and the completion know the commands, options and functions that the program has.
+// The manual page, the operator's manual and the completion know the commands, options and functions that the program has.
 class ManualTest : public QObject
 {
     Q_OBJECT
 
 private slots:
     void pageNamesEverything();
+    void operatorsReadOfEveryCommand();
     void completionOfCommands();
     void completionOfOptions();
     void completionOfFunctions();
@@ -79,6 +80,20 @@ void ManualTest::pageNamesEverything()
     QVERIFY(options().size() >= 13);
     for (const QString &option : options())
         QVERIFY2(page.contains(option), qPrintable(option));
+}
+
+void ManualTest::operatorsReadOfEveryCommand()
+{
+    for (const char *language : {"en", "zh_TW", "zh_CN"}) {
+        QFile file(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../docs/manual/%1/scripts.html")
+                       .arg(QLatin1String(language)));
+        QVERIFY2(file.open(QIODevice::ReadOnly), language);
+        const QString page = QString::fromUtf8(file.readAll());
+        for (const ctl::Command &command : ctl::commands()) {
+            const QRegularExpression named(QStringLiteral("<code>%1[ <]").arg(QLatin1String(command.words)));
+            QVERIFY2(page.contains(named), command.words);
+        }
+    }
 }
 
 void ManualTest::completionOfCommands()
