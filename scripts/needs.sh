@@ -9,6 +9,7 @@ ninja-build                         the build
 qtbase5-dev                         Qt: core, widgets, network
 qtdeclarative5-dev                  Qt: QML and Quick
 libqt5serialport5-dev               Qt: the RS-232 link
+libxcb-randr0-dev                   the launcher asks for the size of the screen
 qttools5-dev                        Qt: the message catalogues
 qttools5-dev-tools                  Qt: lrelease and lupdate
 qml-module-qtquick2                 QML: the base
@@ -54,6 +55,20 @@ python3-pil                         its pictures, cut from those of the panel
 needs_to_lint='
 clang-tidy                          the habits of the code
 shellcheck                          the habits of the scripts
+'
+needs_to_package='
+dpkg-dev                            finds the libraries that the package depends on
+'
+needs_to_try_the_package='
+binutils                            looks for the hardening in the programs
+lintian                             the rules of Debian for packages
+desktop-file-utils                  the rules for menu entries
+appstream                           the rules for the description of the program
+shellcheck                          the habits of the scripts
+debootstrap                         a bare Debian to install the package in
+xvfb                                a virtual display
+xauth                               a virtual display
+imagemagick                         looks at the screen
 '
 needs_to_fuzz='
 clang                               libFuzzer

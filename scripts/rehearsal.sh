@@ -2,11 +2,12 @@
 # Runs inside a private network namespace of its own (see ./run): makes a second one for the stand-in unit, joins
 # the two by a cable, and starts the panel with a prepared settings file, so that it finds the unit and connects by
 # itself. Without a display it works the screen with a virtual mouse and tells what the unit saw.
-#   rehearsal.sh display|virtual FOLDER-OF-THE-PROGRAMS [console]
+#   rehearsal.sh display|virtual FOLDER-OF-THE-PANEL [console|""] [PROGRAM-OF-THE-UNIT]
 set -u
 mode=$1
 programs=$2
 console=${3:-}
+unit=${4:-$programs/qkv720-unit}
 work=$(mktemp -d "${TMPDIR:-/tmp}/qkv720-rehearsal.XXXXXX")
 started=()
 
@@ -54,7 +55,7 @@ else
     exec 3</dev/null 4>"$unit_log"
 fi
 # Started without the helper function, so that the process number is the unit's own and it ends with the rehearsal.
-nsenter -t "$holder" -n -- "$programs/qkv720-unit" --address 192.168.72.10 --name REHEARSAL --mac 02:51:4B:56:07:20 \
+nsenter -t "$holder" -n -- "$unit" --address 192.168.72.10 --name REHEARSAL --mac 02:51:4B:56:07:20 \
     --mask 255.255.255.0 --gateway 192.168.72.1 --primary-dns 192.168.72.1 --secondary-dns 192.168.72.1 \
     --state "$work/unit.json" <&3 >&4 2>&1 &
 started+=($!)
@@ -80,7 +81,9 @@ seconddns=192.168.72.1
 INI
 
 start_panel() {
-    (cd "$work/panel/run/here" && exec "$programs/qkv720-panel") 2>"$work/panel.log" &
+    # Marked where its window is listed too. Both words are the toolkit's own; the panel reads none.
+    (cd "$work/panel/run/here" && exec "$programs/qkv720-panel" -name qkv720-rehearsal \
+        -title "QKV-720 rehearsal: no real unit") 2>"$work/panel.log" &
     panel=$!
     started+=("$panel")
 }

@@ -19,7 +19,7 @@ private slots:
                                       << "title: \"QKV-720 v([^\"]*)\"";
         QTest::newRow("package, by the build") << PANEL_BUILD_DIR "/CPackConfig.cmake"
                                                << "CPACK_PACKAGE_VERSION \"([^\"]*)\"";
-        QTest::newRow("metainfo") << PANEL_BUILD_DIR "/packaging/qkv720-panel.metainfo.xml"
+        QTest::newRow("metainfo") << PANEL_BUILD_DIR "/packaging/com.halvorine.qkv720_panel.metainfo.xml"
                                   << "<release version=\"([^\"]*)\"";
         QTest::newRow("changelog") << QT_TESTCASE_SOURCEDIR "/../CHANGELOG.md"
                                    << "\\n## ([0-9.]+)";
