@@ -105,7 +105,7 @@ profiles() {
 }
 
 second_start() {
-    echo "echo \$\$ >'$t/panel'; sleep 60" >"$t/behaviour"
+    echo "echo \$\$ >'$t/panel'; exec sleep 60" >"$t/behaviour"
     env -i PATH="$PATH" HOME="$t/home" QT_QPA_PLATFORM=offscreen "$launcher" --profile a 2>/dev/null &
     local first=$!
     within 10 test -s "$t/panel"
