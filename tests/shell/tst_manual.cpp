@@ -10,9 +10,16 @@
 #include <QXmlStreamReader>
 #include <QtTest>
 
+#include <algorithm>
 #include <numeric>
 
 #include "device/timing.h"
+#include "tests/support/manualpage.h"
+
+using support::contentOf;
+using support::Page;
+using support::readPage;
+using support::Row;
 
 namespace {
 
@@ -56,29 +63,6 @@ struct Message
     QString shown;
 };
 
-// A table's row: the texts of its cells, and what stands in the first one as a message or as code.
-struct Row
-{
-    QStringList cells;
-    QStringList messages;
-};
-
-struct Page
-{
-    QString error;
-    QString heading;
-    QString text;
-    QStringList ids; // in their order
-    QStringList targets;
-    QVector<Row> rows;
-};
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 QVector<Message> catalogue(const QString &code)
 {
     QXmlStreamReader xml(
@@ -121,101 +105,6 @@ QString bare(const QString &shown)
     return text.trimmed();
 }
 
-class Reader
-{
-public:
-    explicit Reader(const QByteArray &content)
-        : m_xml(content)
-    {
-    }
-
-    Page read()
-    {
-        while (!m_xml.atEnd()) {
-            const auto token = m_xml.readNext();
-            if (token == QXmlStreamReader::StartElement)
-                open();
-            else if (token == QXmlStreamReader::EndElement)
-                close();
-            else if (token == QXmlStreamReader::Characters)
-                take(m_xml.text().toString());
-        }
-        if (m_xml.hasError())
-            m_page.error = QStringLiteral("line %1: %2").arg(m_xml.lineNumber()).arg(m_xml.errorString());
-        return m_page;
-    }
-
-private:
-    void open()
-    {
-        const QString tag = m_xml.name().toString();
-        const QXmlStreamAttributes attributes = m_xml.attributes();
-        for (const char *name : {"href", "src"}) {
-            if (attributes.hasAttribute(QLatin1String(name)))
-                m_page.targets.append(attributes.value(QLatin1String(name)).toString());
-        }
-        if (attributes.hasAttribute(QLatin1String("id")))
-            m_page.ids.append(attributes.value(QLatin1String("id")).toString());
-        if (tag == QLatin1String("br"))
-            take(QStringLiteral(" "));
-        if (tag == QLatin1String("tr"))
-            m_row = Row();
-        if (tag == QLatin1String("td"))
-            m_cell.clear();
-        m_inMessage = tag == QLatin1String("code")
-            || attributes.value(QLatin1String("class")) == QLatin1String("message")
-            || (m_inMessage && tag == "br");
-        if (tag == QLatin1String("main"))
-            m_page.text.clear(); // the contents beside it name every chapter
-        m_heading = m_heading || tag == QLatin1String("h1");
-        if (m_inMessage && tag != QLatin1String("br"))
-            m_message.clear();
-    }
-
-    void close()
-    {
-        const QString tag = m_xml.name().toString();
-        if (tag == QLatin1String("h1"))
-            m_heading = false;
-        if (tag == QLatin1String("td"))
-            m_row.cells.append(m_cell.simplified());
-        if (tag == QLatin1String("tr") && !m_row.cells.isEmpty())
-            m_page.rows.append(m_row);
-        if (m_inMessage && tag != QLatin1String("br")) {
-            if (m_row.cells.isEmpty())
-                m_row.messages.append(m_message.simplified());
-            m_inMessage = false;
-        }
-    }
-
-    void take(const QString &text)
-    {
-        m_page.text += text;
-        m_cell += text;
-        if (m_inMessage)
-            m_message += text;
-        if (m_heading)
-            m_page.heading += text;
-    }
-
-    QXmlStreamReader m_xml;
-    Page m_page;
-    Row m_row;
-    QString m_cell;
-    QString m_message;
-    bool m_inMessage = false;
-    bool m_heading = false;
-};
-
-// Links lead to the same few pages again and again.
-const Page &readPage(const QString &path)
-{
-    static QHash<QString, Page> pages;
-    if (!pages.contains(path))
-        pages.insert(path, Reader(contentOf(path)).read());
-    return pages[path];
-}
-
 QStringList chapters(const QString &language)
 {
     return QDir(kManual + QLatin1Char('/') + language).entryList({QStringLiteral("*.html")}, QDir::Files);
@@ -224,6 +113,26 @@ QStringList chapters(const QString &language)
 Page chapter(const QString &language, const QString &name)
 {
     return readPage(QStringLiteral("%1/%2/%3.html").arg(kManual, language, name));
+}
+
+// The sentences that stand in the launcher's scripts, as they are written there. What is put together from a question's
+// answer has no words of its own.
+QStringList launcherSentences()
+{
+    static const QRegularExpression spoken(
+        QStringLiteral("(?:fail \\S+|printf '%s\\\\n') \"([A-Z](?:[^\"\\\\]|\\\\.)*)\""));
+    QStringList sentences;
+    for (const char *script :
+         {"packaging/qkv720-panel.in", "packaging/report.sh", "scripts/privatenetwork.sh"}) {
+        const QString text =
+            QString::fromUtf8(contentOf(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../") + script));
+        for (auto found = spoken.globalMatch(text); found.hasNext();) {
+            QString sentence = found.next().captured(1).simplified();
+            sentence.replace(QLatin1String("$unwritable"), QLatin1String("can't be written, ..."));
+            sentences.append(sentence);
+        }
+    }
+    return sentences;
 }
 
 } // namespace
@@ -303,6 +212,30 @@ private slots:
         QCOMPARE(messages, 49);
         for (const QString &message : kUntranslated)
             QVERIFY2(explained.contains(message), qPrintable(message));
+    }
+
+    // What the launcher says of a start that fails, and the rehearsal of a machine that cannot have one.
+    void everySentenceOfTheLauncherIsExplained_data() { languages(); }
+
+    void everySentenceOfTheLauncherIsExplained()
+    {
+        QFETCH(QString, language);
+        QVector<QRegularExpression> explained;
+        for (const Row &row : chapter(language, QStringLiteral("messages")).rows) {
+            for (const QString &message : row.messages) {
+                QString pattern = QRegularExpression::escape(message);
+                for (const char *gap : {" ...", "..."})
+                    pattern.replace(QRegularExpression::escape(gap), QStringLiteral(".*"));
+                explained.append(QRegularExpression(QLatin1Char('^') + pattern + QLatin1Char('$')));
+            }
+        }
+        const QStringList sentences = launcherSentences();
+        QVERIFY(sentences.size() >= 15);
+        for (const QString &sentence : sentences) {
+            QVERIFY2(std::any_of(explained.begin(), explained.end(),
+                                 [&](const auto &known) { return known.match(sentence).hasMatch(); }),
+                     qPrintable(sentence));
+        }
     }
 
     void everyOtherWordHasItsPlace_data() { languages(); }
