@@ -238,6 +238,35 @@ private slots:
         }
     }
 
+    void everyOptionAndStatusOfTheLauncherIsTold_data() { languages(); }
+
+    void everyOptionAndStatusOfTheLauncherIsTold()
+    {
+        QFETCH(QString, language);
+        const QString launcher = QString::fromUtf8(
+            contentOf(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../packaging/qkv720-panel.in")));
+        const Page page = chapter(language, QStringLiteral("installed"));
+        QSet<QString> statuses;
+        for (const Row &row : page.rows)
+            statuses.insert(row.cells.first());
+        static const QRegularExpression status(QStringLiteral("^status_\\w+=(\\d+)"),
+                                               QRegularExpression::MultilineOption);
+        static const QRegularExpression option(QStringLiteral("^  (--[a-z-]+) "),
+                                               QRegularExpression::MultilineOption);
+        int told = 0;
+        for (auto found = status.globalMatch(launcher); found.hasNext(); ++told) {
+            const QString number = found.next().captured(1);
+            QVERIFY2(statuses.contains(number), qPrintable(number));
+        }
+        QVERIFY(told >= 5);
+        told = 0;
+        for (auto found = option.globalMatch(launcher); found.hasNext(); ++told) {
+            const QString name = found.next().captured(1);
+            QVERIFY2(page.text.contains(name), qPrintable(name));
+        }
+        QVERIFY(told >= 7);
+    }
+
     void everyOtherWordHasItsPlace_data() { languages(); }
 
     void everyOtherWordHasItsPlace()
