@@ -1,6 +1,7 @@
 #include "bench/benchrun.h"
 #include "bench/processfigures.h"
 #include "bench/report.h"
+#include "bench/slope.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -30,24 +31,6 @@ namespace {
 
 constexpr int kSamples = 20;
 constexpr int kSettle = 2000; // exchanges before the first sample: pools and buffers find their size
-
-// Least squares over equidistant samples: growth from one sample to the next.
-double slope(const std::vector<double> &samples)
-{
-    const auto count = static_cast<double>(samples.size());
-    double sumX = 0;
-    double sumY = 0;
-    double sumXY = 0;
-    double sumXX = 0;
-    for (size_t i = 0; i < samples.size(); ++i) {
-        const auto x = static_cast<double>(i);
-        sumX += x;
-        sumY += samples[i];
-        sumXY += x * samples[i];
-        sumXX += x * x;
-    }
-    return (count * sumXY - sumX * sumY) / (count * sumXX - sumX * sumX);
-}
 
 // One of everything that an operator's day is made of.
 void work(mainControl &panel, int number)
@@ -119,7 +102,7 @@ int main(int argc, char **argv)
     bench::report({{"bench", "soak"},
                    {"operations", wanted},
                    {"seconds", static_cast<double>(clock.elapsed()) / 1e3},
-                   {"rssSlopeKb", slope(rssKb) * kSamples}, // over the whole run
+                   {"rssSlopeKb", bench::slope(rssKb) * kSamples}, // over the whole run
                    {"rssKb", rssKb.empty() ? 0 : rssKb.back()},
                    {"descriptors", bench::openDescriptors() - descriptors},
                    {"threads", bench::threads() - threads},
