@@ -166,7 +166,7 @@ void TestMissing::aStartWithoutAnyAdapter()
     QCOMPARE(panel.strangeLines(), QStringList());
 }
 
-// The operator goes on without storing: the panel works, keeps what it has to store, and stores it when it can.
+// The operator goes on without storing: the panel works, waits for nothing, and stores again when it can.
 void TestMissing::aLockIsAnsweredInItsWindow()
 {
     const QString lock = settingsPath() + QStringLiteral(".lock");
