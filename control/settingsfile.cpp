@@ -9,6 +9,7 @@ namespace {
 
 // Locks are held for milliseconds, by another panel that writes at the same moment.
 constexpr int kWriteWaitMs = 500;
+constexpr int kEmptyLockMs = 1000;
 
 // What could not be written yet, and whether the last attempt to write was in vain: then the next one does not wait
 // again, or an operator without storage would feel every change.
@@ -23,6 +24,8 @@ bool exists(const QFileInfo &info)
 QString holderOf(const QString &path)
 {
     QString holder = QFileInfo(path).owner();
+    if (holder.isEmpty()) // a link that leads nowhere, or a user that this machine does not know
+        holder = QStringLiteral("nobody known here");
     qint64 process = 0;
     QString host;
     QString program;
@@ -43,6 +46,10 @@ bool lockCanBeHad(const QString &path, int waitMs)
             return false;
     }
     QLockFile lock(path);
+    // Who holds a lock writes into it as soon as it is made: one that is empty was left by somebody who was killed in
+    // between, and names nobody who could be looked for.
+    if (QFileInfo(path).size() == 0)
+        lock.setStaleLockTime(kEmptyLockMs);
     // Any other failure than a lock that is held ends QSettings' attempt at once, as it does this one.
     return lock.tryLock(waitMs) || lock.error() != QLockFile::LockFailedError;
 }
