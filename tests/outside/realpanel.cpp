@@ -9,6 +9,7 @@ namespace {
 
 const QString kTitle = QStringLiteral("QKV-720 v");
 constexpr int kListClosesMs = 300;
+constexpr int kFirstFramesMs = 500;
 constexpr int kHoldoutWindowRead = 0x5F; // the last read of a connect
 
 QMap<QString, QRect> readPlaces()
@@ -93,7 +94,11 @@ bool RealPanel::windowComes()
 
 bool RealPanel::stands()
 {
-    return m_run->printed(QStringLiteral("onRefreshLanguage")) && windowComes();
+    if (!m_run->printed(QStringLiteral("onRefreshLanguage")) || !windowComes())
+        return false;
+    // The mask comes with the first frames and takes the focus; a press that meets it is nobody's.
+    m_run->readOn(kFirstFramesMs);
+    return true;
 }
 
 QRect RealPanel::place(const QString &control)
