@@ -63,9 +63,10 @@ mkdir -p "$t/usual/share/icons/hicolor" "$t/usual/bin"
 find "$t/usual" | sort >"$t/before"
 install_from "$folder"
 install_from "$folder" # twice, as one does
-touch "$t/usual/bin/of-somebody-else"
+touch "$t/usual/bin/of-somebody-else" "$t/usual/share/qkv720-panel/of-somebody-else"
 uninstall_from "$folder"
-rm "$t/usual/bin/of-somebody-else" || stop "it took what was not its own"
+rm "$t/usual/bin/of-somebody-else" "$t/usual/share/qkv720-panel/of-somebody-else" || stop "it took what was not its own"
+rmdir "$t/usual/share/qkv720-panel"
 find "$t/usual" | sort | diff "$t/before" - || stop "not as it was before"
 
 case=destdir
