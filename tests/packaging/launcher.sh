@@ -169,7 +169,9 @@ signals() {
     env -i PATH="$PATH" HOME="$t/home" QT_QPA_PLATFORM=offscreen "$launcher" 2>/dev/null &
     local first=$!
     within 10 test -s "$t/panel"
+    started+=("$(cat "$t/panel")" "$first")
     kill -TERM "$first"
+    within 10 sh -c "! kill -0 $(cat "$t/panel") 2>/dev/null"
     wait "$first"
     local status=$?
     [ "$status" = 7 ] || case_failed "status $status"
