@@ -214,6 +214,7 @@ Item {
         width: 1140
         height: 610
         clip: true
+        activeFocusOnTab: false
         contentWidth: 1110
         contentHeight: sections.reduce(function (sum, section) { return sum + section.height }, 0)
 

@@ -40,6 +40,7 @@ Item {
         width: 1160
         height: 610
         clip: true
+        activeFocusOnTab: false
         contentWidth: 1110
         contentHeight: pagePP_ContentArea03.y + pagePP_ContentArea03.height
         ScrollBar.horizontal.policy: ScrollBar.AlwaysOff

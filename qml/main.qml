@@ -132,6 +132,13 @@ ApplicationWindow {
         mainObject.setCurrentPage(tabPageID)
     }
 
+    // By the keyboard, which goes on in the page.
+    function goToPage(page) {
+        selectPage(page)
+        var pages = [pageIN, pageCK, pagePP, pageGM, pageHW, pageAL]
+        pages[page - 1].forceActiveFocus(Qt.ShortcutFocusReason)
+    }
+
     // The lists of these combos are translated: a switch replaces them and would leave each on its first
     // entry. The address mode has a translated entry as well; a unit with a fixed address stays one.
     function switchLanguage() {

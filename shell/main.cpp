@@ -24,6 +24,7 @@
 #include "shell/displayguard.h"
 #include "shell/lettering.h"
 #include "shell/logtext.h"
+#include "shell/operatoraids.h"
 #include "shell/qmltranslator.h"
 #include "shell/settingscheck.h"
 
@@ -78,13 +79,14 @@ void prepareToolkit()
     prepareLettering();
 }
 
-// The toolkit aborts when it cannot draw a window and nobody listens to that.
-void endWithoutScene(const QQmlApplicationEngine &engine)
+void readyWindow(const QQmlApplicationEngine &engine)
 {
-    for (const QObject *root : engine.rootObjects()) {
-        const auto *window = qobject_cast<const QQuickWindow *>(root);
+    for (QObject *root : engine.rootObjects()) {
+        auto *window = qobject_cast<QQuickWindow *>(root);
         if (!window)
             continue;
+        giveOperatorAids(window);
+        // The toolkit aborts when it cannot draw a window and nobody listens to that.
         QObject::connect(window, &QQuickWindow::sceneGraphError, qApp,
                          [](QQuickWindow::SceneGraphError /*error*/, const QString &message) {
                              qCritical().noquote() << "The panel cannot draw its window:" << message;
@@ -142,7 +144,7 @@ int main(int argc, char *argv[])
         },
         Qt::QueuedConnection);
     engine.load(url);
-    endWithoutScene(engine);
+    readyWindow(engine);
 
     QThread::msleep(kSettleAfterLoadMs);
 

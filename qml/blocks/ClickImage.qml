@@ -1,6 +1,6 @@
 import QtQuick 2.12
 
-// A picture that answers a click and keeps the keyboard where it is.
+// A picture that answers a click. A click keeps the keyboard where it is; the Tab key stops here.
 Image {
     id: clickImage
 
@@ -8,9 +8,8 @@ Image {
 
     signal clicked()
 
-    MouseArea {
+    PressArea {
         id: area
-        anchors.fill: parent
         onClicked: clickImage.clicked()
     }
 }

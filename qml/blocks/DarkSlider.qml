@@ -15,6 +15,8 @@ QQC14.Slider {
     property color levelColor: Look.level
     property string leftText: ""
     property string rightText: ""
+    // How far the handle stands out above and below.
+    readonly property int reach: 8
 
     width: 346
     height: 6
@@ -77,8 +79,8 @@ QQC14.Slider {
         for (var i = 0; i < children.length; ++i) {
             if (children[i].handleHovered === undefined)
                 continue
-            children[i].anchors.topMargin = -8
-            children[i].anchors.bottomMargin = -8
+            children[i].anchors.topMargin = -reach
+            children[i].anchors.bottomMargin = -reach
         }
     }
 }

@@ -20,6 +20,8 @@ QtObject {
     readonly property string noticeTitle: "#BFBFBF"
     readonly property string fieldGround: "#1F1F1F"
     readonly property string fieldBorder: "#000000"
+    readonly property string focusRing: "#AEB8C6"
+    readonly property string hoverEdge: "#33425C"
 
     // The Chinese family is the system's; the Latin one comes with the panel, by the loader that is passed.
     function family(latinLoader) {

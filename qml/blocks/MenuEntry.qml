@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "."
 
-// An entry of the left menu, which brings its page to the front.
+// An entry of the left menu, which brings its page to the front; Ctrl and its number does as well.
 //
 // Properties: text, page, textColor.
 Image {
@@ -21,8 +21,11 @@ Image {
         color: menuEntry.selected ? "#8BC7EA" : Look.entry
     }
 
-    MouseArea {
-        anchors.fill: parent
-        onClicked: selectPage(menuEntry.page)
+    PressArea { onClicked: selectPage(menuEntry.page) }
+
+    Shortcut {
+        sequence: "Ctrl+" + menuEntry.page
+        enabled: !popupMask.visible
+        onActivated: goToPage(menuEntry.page)
     }
 }

@@ -45,9 +45,6 @@ T.Popup {
         anchors { top: parent.top; topMargin: 16; right: parent.right; rightMargin: 20 }
         source: "qrc:/img/pc/btn_n_close_dialog.png"
 
-        MouseArea {
-            anchors.fill: parent
-            onClicked: popupFrame.close()
-        }
+        PressArea { onClicked: popupFrame.close() }
     }
 }

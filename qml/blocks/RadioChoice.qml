@@ -1,9 +1,9 @@
 import QtQuick 2.12
 import "."
 
-// One of two choices: a round mark and the word beside it. Both answer to the mouse.
+// One of two choices: a round mark and the word beside it. Both answer to the mouse, as one control to the keyboard.
 //
-// Properties: live (else grey and deaf); mark, word (items). Signals: picked(), at the release.
+// Properties: live (else grey and deaf); mark, word, pressArea (items). Signals: picked(), at the release.
 // Functions:  show(letter) draws the mark: n, p, s (chosen) or d.
 Item {
     id: radioChoice
@@ -11,6 +11,7 @@ Item {
     property bool live: true
     property alias mark: mark
     property alias word: word
+    property alias pressArea: markArea
 
     signal picked()
 
@@ -27,6 +28,7 @@ Item {
 
     width: 186
     height: 34
+    activeFocusOnTab: live
 
     Image {
         id: mark
@@ -37,6 +39,7 @@ Item {
         source: "qrc:/img/pc/btn_n_radio_lumakey.png"
 
         MouseArea {
+            id: markArea
             anchors.fill: parent
             onPressedChanged: hold(pressed)
         }

@@ -6,7 +6,8 @@ import "../blocks"
 // Properties: position (where the cursor stands, in picture pixels), target (the last one computed), last
 //             (the largest position less 1); decreaseButton, increaseButton, field (inner items).
 // Signals:    stepped(), typed(): position and target have moved.
-// Functions:  aim(part, pixels) takes the place on the pad, show() writes the position into the field.
+// Functions:  aim(part, pixels) takes the place on the pad, moveTo(number) the place in the picture, as near as
+//             there is one; show() writes the position into the field.
 Row {
     id: pickerAxis
 
@@ -33,9 +34,13 @@ Row {
         stepped()
     }
 
-    function type(number) {
+    function moveTo(number) {
         position = Math.min(Math.max(number, 0), last + 1)
         target = position
+    }
+
+    function type(number) {
+        moveTo(number)
         typed()
     }
 

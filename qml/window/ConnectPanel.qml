@@ -180,8 +180,7 @@ PopupFrame {
                 visible: network
                 source: sourcePath + "btn_n_scan_connect.png"
 
-                MouseArea {
-                    anchors.fill: parent
+                PressArea {
                     onPressedChanged: {
                         if (pressed)
                             prepareScan()

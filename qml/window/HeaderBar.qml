@@ -1,7 +1,7 @@
 import QtQuick 2.12
 import "../blocks"
 
-// The header: Connect, Setup and the language. While the start mask is up, which leaves the header free, the
+// The header: Connect (F2), Setup (F3) and the language. While the start mask is up, which leaves the header free, the
 // Tab key goes round in it: what lies under the mask must not be reached.
 Image {
     property alias comboMainLanguage: comboMainLanguage
@@ -29,14 +29,20 @@ Image {
 
     source: "qrc:/img/pc/img_bg_header_dashboard.png"
 
-    LanguageCombo {
-        id: comboMainLanguage
-        anchors { top: parent.top; topMargin: 6; right: parent.right }
-        textRole: "modelData"
-        model: listLanguage
-        onCurrentIndexChanged: switchLanguage()
-        KeyNavigation.tab: popupMask.visible ? btnConnect : null
-        KeyNavigation.backtab: popupMask.visible ? btnSetup : null
+    FaceButton {
+        id: btnConnect
+        anchors { top: parent.top; topMargin: 6; right: btnSetup.left }
+        source: face("n", "connect")
+        KeyNavigation.tab: popupMask.visible ? btnSetup : null
+        KeyNavigation.backtab: popupMask.visible ? comboMainLanguage : null
+        onClicked: {
+            source = face(btnConnectClicked ? "n" : "p", "connect")
+            if (!btnConnectClicked) {
+                mainObject.connectPopup(comboConnectInterface.currentIndex, comboConnectComPort.currentIndex)
+                popupConnect.open()
+            }
+            btnConnectClicked = !btnConnectClicked
+        }
     }
 
     FaceButton {
@@ -53,20 +59,25 @@ Image {
         }
     }
 
-    FaceButton {
-        id: btnConnect
-        anchors { top: parent.top; topMargin: 6; right: btnSetup.left }
-        source: face("n", "connect")
-        KeyNavigation.tab: popupMask.visible ? btnSetup : null
-        KeyNavigation.backtab: popupMask.visible ? comboMainLanguage : null
-        onClicked: {
-            source = face(btnConnectClicked ? "n" : "p", "connect")
-            if (!btnConnectClicked) {
-                mainObject.connectPopup(comboConnectInterface.currentIndex, comboConnectComPort.currentIndex)
-                popupConnect.open()
-            }
-            btnConnectClicked = !btnConnectClicked
-        }
+    LanguageCombo {
+        id: comboMainLanguage
+        anchors { top: parent.top; topMargin: 6; right: parent.right }
+        textRole: "modelData"
+        model: listLanguage
+        onCurrentIndexChanged: switchLanguage()
+        KeyNavigation.tab: popupMask.visible ? btnConnect : null
+        KeyNavigation.backtab: popupMask.visible ? btnSetup : null
+    }
+
+    Shortcut {
+        sequence: "F2"
+        onActivated: btnConnect.click()
+    }
+
+    Shortcut {
+        sequence: "F3"
+        enabled: btnSetup.enabled
+        onActivated: btnSetup.click()
     }
 
     Connections {

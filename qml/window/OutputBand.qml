@@ -120,8 +120,7 @@ Image {
                 id: outputMemoryLock
                 source: memoryLock ? "qrc:/img/pc/icon_lock_output.png" : "qrc:/img/pc/icon_unlock_output.png"
 
-                MouseArea {
-                    anchors.fill: parent
+                PressArea {
                     onPressedChanged: {
                         if (pressed)
                             outputTitleUserMemOp.text = ""

@@ -17,6 +17,7 @@ NoticeShell {
     FaceButton {
         id: okButton
         anchors { top: messageText.bottom; topMargin: 50; horizontalCenter: parent.horizontalCenter }
+        focus: true
         source: sourcePath + (pressed ? "btn_p_ok_adjust_color.png" : "btn_n_ok_adjust_color.png")
         onClicked: resultNotice.close()
     }

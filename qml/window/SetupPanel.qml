@@ -53,8 +53,7 @@ PopupFrame {
                     anchors.verticalCenter: parent.verticalCenter
                     source: sourcePath + Pictures.switchFace(autoOutputRes)
 
-                    MouseArea {
-                        anchors.fill: parent
+                    PressArea {
                         onClicked: {
                             mainObject.setRefreshTimer(false)
                             autoOutputRes = !autoOutputRes
@@ -118,8 +117,7 @@ PopupFrame {
             source: sourcePath + (btnSetupFactoryDefault.pressed ? "btn_p_default_setup.png"
                                                                  : "btn_n_default_setup.png")
 
-            MouseArea {
-                anchors.fill: parent
+            PressArea {
                 onClicked: {
                     console.log("Language source path:", sourcePath)
                     popupFactoryDefault.open()
@@ -155,6 +153,7 @@ PopupFrame {
             FaceButton {
                 id: btnFactoryCancel
                 anchors { top: txtFactoryDefault.bottom; topMargin: 50; left: parent.left; leftMargin: 100 }
+                focus: true
                 source: sourcePath + (pressed ? "btn_p_cancel_adjust_color.png"
                                               : "btn_n_cancel_adjust_color.png")
                 onClicked: popupFactoryDefault.close()

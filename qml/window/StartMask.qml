@@ -24,6 +24,13 @@ T.Popup {
     }
 
     contentItem: Item {
+        // The header is free, and the keyboard goes there.
+        focus: true
+        Keys.onTabPressed: btnConnect.forceActiveFocus(Qt.TabFocusReason)
+        Keys.onBacktabPressed: comboMainLanguage.forceActiveFocus(Qt.BacktabFocusReason)
+        Keys.onReturnPressed: btnConnect.click()
+        Keys.onEnterPressed: btnConnect.click()
+
         MouseArea {
             anchors.fill: parent
             hoverEnabled: true

@@ -40,6 +40,35 @@ public:
         return 1;
     }
 
+    // A unit reports all that it holds.
+    void report()
+    {
+        emit showVersion(QStringLiteral("1.42"), QStringLiteral("2.07"), QStringLiteral("0.9"));
+        emit showVout(14, 1, 0);
+        emit refreshOutputSourcePGM(6, false, false);
+        emit refreshOutputSourcePGMHDMI(1, false, false);
+        emit refreshOutputSourcePVW(4, false, true);
+        emit refreshUserMemory(3);
+        emit refreshInputResolution(14, 6, 3, 0, 0);
+        emit refreshInputSource(0, 0, 0);
+        emit refreshInputFreeze(false, true, false);
+        emit refreshGenlock(1, -1200, 75);
+        emit refreshBKColorAdjust(QStringLiteral("#1fa24a"), 122, 639, 290, 140, 0.68, 0.38);
+        emit refreshCKAngle(21, 62);
+        emit refreshCKBWLevel(100, 900, true);
+        emit refreshCKDark(true, 210, 220, 30);
+        emit refreshCKBright(true, 310, 320, 40);
+        emit refreshCKShadow(true, 410);
+        emit refreshCKSpill(510, 520, 530, 540, false, 1, false, false);
+        emit refreshEdgeFix(true, 11, 12, 13);
+        emit refreshPPFGPostAmp(true, 480, 520, 610, 35);
+        emit refreshPPFGRGBCorrector(true, 900, 20, 910, 30, 920, 40);
+        emit refreshPPBGBlur(true, 33, 7);
+        emit refreshWindow(true, 0, 110, 890, 120, 880, 15);
+        emit refreshHoldoutWindow(true, 0, 400, 3400, 220, 1900, 25);
+        emit refreshLumaKey(true, 0, 300, 400, 0, 8, 750);
+    }
+
 public slots:
     void connectPopup(int method, int netcard) { note("connectPopup", {method, netcard}); }
     QString deviceConnect(uint method, QString select, uint selectedNetcardIndex)

@@ -50,37 +50,9 @@ Scene::~Scene()
 
 void Scene::connectUnit()
 {
-    report();
+    facade.report();
     emit facade.autoConnectResult(QStringLiteral("OK"));
     awaitClosed(QStringLiteral("popupMask"));
-}
-
-void Scene::report()
-{
-    emit facade.showVersion(QStringLiteral("1.42"), QStringLiteral("2.07"), QStringLiteral("0.9"));
-    emit facade.showVout(14, 1, 0);
-    emit facade.refreshOutputSourcePGM(6, false, false);
-    emit facade.refreshOutputSourcePGMHDMI(1, false, false);
-    emit facade.refreshOutputSourcePVW(4, false, true);
-    emit facade.refreshUserMemory(3);
-    emit facade.refreshInputResolution(14, 6, 3, 0, 0);
-    emit facade.refreshInputSource(0, 0, 0);
-    emit facade.refreshInputFreeze(false, true, false);
-    emit facade.refreshGenlock(1, -1200, 75);
-    emit facade.refreshBKColorAdjust(QStringLiteral("#1fa24a"), 122, 639, 290, 140, 0.68, 0.38);
-    emit facade.refreshCKAngle(21, 62);
-    emit facade.refreshCKBWLevel(100, 900, true);
-    emit facade.refreshCKDark(true, 210, 220, 30);
-    emit facade.refreshCKBright(true, 310, 320, 40);
-    emit facade.refreshCKShadow(true, 410);
-    emit facade.refreshCKSpill(510, 520, 530, 540, false, 1, false, false);
-    emit facade.refreshEdgeFix(true, 11, 12, 13);
-    emit facade.refreshPPFGPostAmp(true, 480, 520, 610, 35);
-    emit facade.refreshPPFGRGBCorrector(true, 900, 20, 910, 30, 920, 40);
-    emit facade.refreshPPBGBlur(true, 33, 7);
-    emit facade.refreshWindow(true, 0, 110, 890, 120, 880, 15);
-    emit facade.refreshHoldoutWindow(true, 0, 400, 3400, 220, 1900, 25);
-    emit facade.refreshLumaKey(true, 0, 300, 400, 0, 8, 750);
 }
 
 void Scene::showPage(int page)

@@ -15,7 +15,6 @@ public:
 
     // The unit is there: mask and popups close. Its reports fill every page.
     void connectUnit();
-    void report();
     // The same, with one of the six pages in front (1 to 6).
     void showPage(int page);
 

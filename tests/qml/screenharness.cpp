@@ -1,6 +1,7 @@
 #include "tests/qml/screenharness.h"
 
 #include "shell/lettering.h"
+#include "shell/operatoraids.h"
 
 #include <QLoggingCategory>
 
@@ -26,6 +27,7 @@ void ScreenHarness::publish(QQmlEngine &engine, QObject *facade)
 
 bool ScreenHarness::show()
 {
+    giveOperatorAids(window);
     window->show();
     return QTest::qWaitForWindowExposed(window);
 }
