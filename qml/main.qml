@@ -132,11 +132,11 @@ ApplicationWindow {
         mainObject.setCurrentPage(tabPageID)
     }
 
-    // By the keyboard, which goes on in the page.
+    // By the keyboard, which goes to the first control of the page.
     function goToPage(page) {
         selectPage(page)
         var pages = [pageIN, pageCK, pagePP, pageGM, pageHW, pageAL]
-        pages[page - 1].forceActiveFocus(Qt.ShortcutFocusReason)
+        pages[page - 1].nextItemInFocusChain().forceActiveFocus(Qt.ShortcutFocusReason)
     }
 
     // The lists of these combos are translated: a switch replaces them and would leave each on its first

@@ -1,6 +1,6 @@
 #include "shell/focusring.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QQuickItem>
 #include <QQuickWindow>
 
@@ -49,6 +49,9 @@ bool FocusRing::eventFilter(QObject *watched, QEvent *event)
     case QEvent::ShortcutOverride:
     case QEvent::KeyPress:
         m_keysLast = true;
+        // Among few controls the Tab key may come back to where it was.
+        if (static_cast<const QKeyEvent *>(event)->key() == Qt::Key_Tab)
+            QMetaObject::invokeMethod(this, &FocusRing::focusMoved, Qt::QueuedConnection);
         break;
     default:
         break;

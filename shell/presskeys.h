@@ -32,7 +32,7 @@ private:
     void cancel();
 
     QQuickWindow *m_window;
-    QPointer<QQuickItem> m_focus;  // had the focus when it was pressed
+    QPointer<QQuickItem> m_focus; // had the focus when it was pressed
     QPointer<QQuickItem> m_target; // is held pressed
-    int m_key = 0;                 // the key that holds it
+    int m_key = 0; // the key that holds it
 };

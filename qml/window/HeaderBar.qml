@@ -71,13 +71,13 @@ Image {
 
     Shortcut {
         sequence: "F2"
-        onActivated: btnConnect.click()
+        onActivated: btnConnect.clicked()
     }
 
     Shortcut {
         sequence: "F3"
         enabled: btnSetup.enabled
-        onActivated: btnSetup.click()
+        onActivated: btnSetup.clicked()
     }
 
     Connections {

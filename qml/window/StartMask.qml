@@ -28,8 +28,8 @@ T.Popup {
         focus: true
         Keys.onTabPressed: btnConnect.forceActiveFocus(Qt.TabFocusReason)
         Keys.onBacktabPressed: comboMainLanguage.forceActiveFocus(Qt.BacktabFocusReason)
-        Keys.onReturnPressed: btnConnect.click()
-        Keys.onEnterPressed: btnConnect.click()
+        Keys.onReturnPressed: btnConnect.clicked()
+        Keys.onEnterPressed: btnConnect.clicked()
 
         MouseArea {
             anchors.fill: parent

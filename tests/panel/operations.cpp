@@ -1,8 +1,11 @@
 #include "operations.h"
 
+#include <algorithm>
+
 namespace {
 
-constexpr int kThrottleMs = 70; // a page sends what has moved within 50
+constexpr int kThrottleMs = 50;
+constexpr int kFoldMs = 250;
 constexpr int kMaxStops = 400;
 
 const char *const kPopups[] = {
@@ -77,11 +80,11 @@ QVector<Place> places()
     };
 }
 
-void listPlaces()
+void listPlaces(int from, int to)
 {
     QTest::addColumn<int>("index");
     const QVector<Place> all = places();
-    for (int i = 0; i < all.size(); ++i)
+    for (int i = from; i < (to < 0 ? all.size() : to); ++i)
         QTest::newRow(all.at(i).name) << i;
 }
 
@@ -92,6 +95,24 @@ Workplace::Workplace()
         qFatal("the window does not start");
     facade.units = facade.unitsAfterScan;
     emit facade.refreshIPSelectList(facade.units);
+    for (QObject *object : panel.window->findChildren<QObject *>()) {
+        if (object->inherits("QQmlTimer") && object->property("interval").toInt() == kThrottleMs)
+            m_throttles << object;
+    }
+    if (m_throttles.size() != 6)
+        qFatal("%d pages send by a throttle", int(m_throttles.size()));
+    // The first two moves of the source are nobody's.
+    panel.eval(QStringLiteral("pageIN.ignoreGenHRefresh = false; pageIN.ignoreGenVRefresh = false"));
+}
+
+void Workplace::unfoldAll()
+{
+    const QString folded = QStringLiteral(
+        "pageCK.sections.concat(pagePP.sections, [pageIN.pageInput_ContentHeaderGenlock.parent])"
+        ".filter(function(section) { return section.folded })");
+    const QString unfold = QStringLiteral(".map(function(section) { section.foldButton.clicked() }).length");
+    if (panel.number(folded + unfold) > 0)
+        QTest::qWait(kFoldMs);
 }
 
 void Workplace::closeAll()
@@ -106,6 +127,7 @@ void Workplace::closeAll()
 void Workplace::enter(const Place &place)
 {
     closeAll();
+    unfoldAll();
     facade.connected = place.page > 0;
     if (place.page > 0) {
         emit facade.autoConnectResult(QStringLiteral("OK"));
@@ -115,7 +137,9 @@ void Workplace::enter(const Place &place)
         panel.eval(QStringLiteral("popupMask.open(); recHeader.enableSetup(false)"));
     }
     // What is the panel's own and reported by nobody.
-    panel.eval(QStringLiteral("memoryLock = false; didScan = true; comboConnectInterface.currentIndex = 0;"
+    panel.eval(QStringLiteral("memoryLock = false; didScan = true; comboConnectInterface.currentIndex = 0; "
+                              "comboIPSelect.currentIndex = 0; pageCK.tempX = 0; pageCK.tempY = 0; "
+                              "pageCK.colorPickerX = 0; pageCK.colorPickerY = 0; "
 
                               "comboPgmSdiOutput.forceActiveFocus(); recHeader.parent.forceActiveFocus()"));
     emit facade.refreshConnectionData(999, QStringLiteral("na"), false, QStringLiteral("QKV_720_A"),
@@ -135,7 +159,13 @@ void Workplace::enter(const Place &place)
 
 QStringList Workplace::calls()
 {
-    QTest::qWait(kThrottleMs);
+    const auto pending = [this] {
+        return std::any_of(m_throttles.cbegin(), m_throttles.cend(),
+                           [](const QObject *timer) { return timer->property("running").toBool(); });
+    };
+    QTest::qWait(1);
+    while (pending())
+        QTest::qWait(5);
     QStringList sent;
     for (const QString &call : facade.calls) {
         if (!call.startsWith(QLatin1String("setRefreshTimer(")))

@@ -16,8 +16,8 @@ struct Place
 };
 
 QVector<Place> places();
-// One row per place: QFETCH(int, index).
-void listPlaces();
+// One row for each of them, or for those from one to before another: QFETCH(int, index).
+void listPlaces(int from = 0, int to = -1);
 
 // The panel, worked in these places.
 class Workplace
@@ -57,6 +57,9 @@ public:
 
 private:
     void closeAll();
+    void unfoldAll();
+
+    QVector<QObject *> m_throttles;
 };
 
 bool isField(const QQuickItem *item);

@@ -108,6 +108,11 @@ void ScreenHarness::choose(const QString &combo, int row)
 void ScreenHarness::typeInto(QQuickItem *field, const QString &typed, Qt::Key end)
 {
     click(field);
+    typeOver(typed, end);
+}
+
+void ScreenHarness::typeOver(const QString &typed, Qt::Key end)
+{
     QTest::keySequence(window, QKeySequence::SelectAll);
     for (const QChar c : typed)
         QTest::keyClick(window, c.toLatin1());

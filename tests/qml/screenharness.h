@@ -74,6 +74,8 @@ public:
     {
         typeInto(item(id), typed, end);
     }
+    // Into the field that has the keyboard.
+    void typeOver(const QString &typed, Qt::Key end);
 
 protected:
     ScreenHarness();
