@@ -58,8 +58,8 @@ QPointF middleOf(const QQuickItem *item)
 // The value that a key moves a slider to, or nothing.
 QVariant sliderValue(const QQuickItem *slider, int key)
 {
-    const QVariant low = slider->property("minimumValue");
-    const QVariant high = slider->property("maximumValue");
+    QVariant low = slider->property("minimumValue");
+    QVariant high = slider->property("maximumValue");
     if (!low.isValid() || !high.isValid())
         return {};
     const qreal now = slider->property("value").toReal();
