@@ -157,6 +157,20 @@ void Workplace::enter(const Place &place)
     facade.forget();
 }
 
+void Workplace::enter(const char *name)
+{
+    for (const Place &place : places()) {
+        if (qstrcmp(place.name, name) == 0)
+            return enter(place);
+    }
+    qFatal("no place %s", name);
+}
+
+QRect Workplace::placeOf(const QQuickItem *item)
+{
+    return item->mapRectToScene(QRectF(0, 0, item->width(), item->height())).toRect();
+}
+
 QStringList Workplace::calls()
 {
     const auto pending = [this] {

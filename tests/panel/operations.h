@@ -30,6 +30,7 @@ public:
 
     // As for the first time, whatever was done before.
     void enter(const Place &place);
+    void enter(const char *name);
     // Waits until what was begun is sent, and tells the calls since enter() but for the poll's.
     QStringList calls();
 
@@ -40,6 +41,8 @@ public:
     QVector<QQuickItem *> stops();
     // The nearest item around it where the keyboard stops; null if there is none.
     static QQuickItem *stopOf(QQuickItem *control);
+    // In the window.
+    static QRect placeOf(const QQuickItem *item);
     // The id in its document, and its type.
     static QString nameOf(QQuickItem *item);
 

@@ -29,11 +29,6 @@ double contrast(const QColor &a, const QColor &b)
     return qMax(one, other) / qMin(one, other);
 }
 
-QRect placeOf(const QQuickItem *item)
-{
-    return item->mapRectToScene(QRectF(0, 0, item->width(), item->height())).toRect();
-}
-
 // The dots of a line of one dot along the rim.
 QVector<QPoint> rimOf(const QRect &place)
 {
@@ -66,21 +61,9 @@ private slots:
     void mouseTakesTheRingAway();
     void ringComesBackWithTheFocus();
     void ringGoesWithItsControl();
-    void enterOpensConnectUnderTheMask();
-    void functionKeysOpenThePanels();
-    void numbersBringPages();
-    void shortcutsRestUnderMaskAndPopups();
-    void hiddenControlHearsNoKey();
-    void heldKeyIsOnePress();
-    void leavingWhileHeldIsNoClick();
-    void sliderKeys();
-    void hoverShowsWhatCanBePressed();
-    void hoverRestsUnderPopupsAndWhileHeld();
 
 private:
-    void enter(const char *name);
     QQuickItem *item(const char *id) const { return w->panel.item(QString::fromLatin1(id)); }
-    void point(QQuickItem *target);
     QImage grab(const char *name) { return w->panel.grab(QString::fromLatin1(name)); }
 
     std::unique_ptr<Workplace> w;
@@ -95,15 +78,6 @@ void TestFocus::cleanup()
 {
     QCOMPARE(Messages::warnings(), QStringList());
     w.reset();
-}
-
-void TestFocus::enter(const char *name)
-{
-    for (const Place &place : places()) {
-        if (qstrcmp(place.name, name) == 0)
-            return w->enter(place);
-    }
-    qFatal("no place %s", name);
 }
 
 void TestFocus::readsFromLeftToRightAndDown()
@@ -152,7 +126,7 @@ void TestFocus::staysAboveMaskAndPopups()
 
 void TestFocus::skipsWhatIsFoldedOffOrLocked()
 {
-    enter("chromakey");
+    w->enter("chromakey");
     QVERIFY(w->stops().contains(item("pageCK.darkLevel.itemText")));
     item("recHeader.parent")->forceActiveFocus();
     w->panel.eval("pageCK.sections[1].foldButton.clicked()");
@@ -184,12 +158,12 @@ void TestFocus::everyStopIsSeen()
         if (place.page > 1 && !*place.popup && !w->root(place)->isAncestorOf(stop))
             continue;
         QTRY_VERIFY2(w->ring(), name.constData());
-        const QRect ring = placeOf(w->ring());
-        QVERIFY2(placeOf(w->panel.window->contentItem()).contains(ring), name.constData());
+        const QRect ring = Workplace::placeOf(w->ring());
+        QVERIFY2(Workplace::placeOf(w->panel.window->contentItem()).contains(ring), name.constData());
         QQuickItem *view = stop;
         while (view && !view->inherits("QQuickFlickable"))
             view = view->parentItem();
-        QVERIFY2(!view || placeOf(view).contains(ring), name.constData());
+        QVERIFY2(!view || Workplace::placeOf(view).contains(ring), name.constData());
         QImage &ground = grounds[view ? view->property("contentY").toInt() : -1];
         if (ground.isNull()) {
             w->ring()->setOpacity(0);
@@ -242,7 +216,7 @@ void TestFocus::ringIsDrawnOnEachKind()
 {
     QFETCH(QByteArray, place);
     QFETCH(QByteArray, control);
-    enter(place.constData());
+    w->enter(place.constData());
     QQuickItem *target = item(control.constData());
     QVector<QQuickItem *> before;
     do {
@@ -252,7 +226,7 @@ void TestFocus::ringIsDrawnOnEachKind()
     } while (w->focused() != target && !target->isAncestorOf(w->focused()));
     QTRY_VERIFY(w->ring());
     QTest::qWait(50);
-    const QRect ring = placeOf(w->ring());
+    const QRect ring = Workplace::placeOf(w->ring());
     const QImage with = grab(("ring-" + control).constData());
     w->ring()->setOpacity(0);
     const QImage without = grab("without");
@@ -272,7 +246,7 @@ void TestFocus::ringIsDrawnOnEachKind()
 
 void TestFocus::mouseTakesTheRingAway()
 {
-    enter("window");
+    w->enter("window");
     w->key(Qt::Key_Tab);
     QTRY_VERIFY(w->ring());
     QVERIFY(w->panel.flag("btnConnect.visualFocus"));
@@ -295,7 +269,7 @@ void TestFocus::mouseTakesTheRingAway()
 
 void TestFocus::ringComesBackWithTheFocus()
 {
-    enter("window");
+    w->enter("window");
     w->focus(item("btnSetup"));
     w->key(Qt::Key_Space);
     QVERIFY(w->panel.standsOpen("popupSetup"));
@@ -310,212 +284,22 @@ void TestFocus::ringComesBackWithTheFocus()
 // A section folds under the row that has the focus; the ring stands where the row goes, and goes with it.
 void TestFocus::ringGoesWithItsControl()
 {
-    enter("chromakey");
+    w->enter("chromakey");
     w->key(Qt::Key_Tab);
     w->focus(item("pageCK.shrinkLeft.itemSlider"));
     QTRY_VERIFY(w->ring());
     const auto offset = [this] {
-        return placeOf(w->ring()).topLeft() - placeOf(item("pageCK.shrinkLeft.itemSlider")).topLeft();
+        return Workplace::placeOf(w->ring()).topLeft()
+            - Workplace::placeOf(item("pageCK.shrinkLeft.itemSlider")).topLeft();
     };
     QCOMPARE(offset(), QPoint(-1, -9));
-    const int before = placeOf(w->ring()).top();
+    const int before = Workplace::placeOf(w->ring()).top();
     w->panel.eval("pageCK.sections[4].foldButton.clicked()");
-    QTRY_VERIFY(placeOf(w->ring()).top() != before);
+    QTRY_VERIFY(Workplace::placeOf(w->ring()).top() != before);
     QTest::qWait(300);
     QCOMPARE(offset(), QPoint(-1, -9));
     w->panel.eval("pageCK.sections[5].foldButton.clicked()");
     QTRY_VERIFY(!w->ring());
-}
-
-void TestFocus::enterOpensConnectUnderTheMask()
-{
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_F2}) {
-        enter("start");
-        QVERIFY(w->panel.flag("popupMask.opened"));
-        w->facade.forget();
-        w->key(key);
-        QVERIFY(w->panel.standsOpen("popupConnect"));
-        QCOMPARE(w->facade.calls, QStringList("connectPopup(0, 0)"));
-        QCOMPARE(w->panel.face("btnConnect"), QStringLiteral("btn_p_connect_dashboard"));
-    }
-}
-
-void TestFocus::functionKeysOpenThePanels()
-{
-    enter("start");
-    w->key(Qt::Key_F3);
-    QTest::qWait(50);
-    QVERIFY(!w->panel.flag("popupSetup.visible"));
-    enter("window");
-    w->key(Qt::Key_F3);
-    QVERIFY(w->panel.standsOpen("popupSetup"));
-    QVERIFY(w->panel.flag("btnSetupClicked"));
-    // The panel is modal: the header is not to be had under it.
-    w->key(Qt::Key_F2);
-    QTest::qWait(50);
-    QVERIFY(!w->panel.flag("popupConnect.visible"));
-    w->key(Qt::Key_Escape);
-    QVERIFY(w->panel.standsClosed("popupSetup"));
-    w->key(Qt::Key_F2);
-    QVERIFY(w->panel.standsOpen("popupConnect"));
-}
-
-void TestFocus::numbersBringPages()
-{
-    enter("window");
-    const QStringList pages{"pageIN", "pageCK", "pagePP", "pageGM", "pageHW", "pageAL"};
-    for (const int page : {2, 3, 4, 5, 6, 1}) {
-        w->facade.forget();
-        w->key(Qt::Key(Qt::Key_0 + page), Qt::ControlModifier);
-        QCOMPARE(w->facade.calls, QStringList(QStringLiteral("setCurrentPage(%1)").arg(page)));
-        QVERIFY(w->panel.flag(pages.at(page - 1) + ".visible"));
-        // The keyboard is at the page's first control, and is seen there.
-        QTRY_VERIFY(w->ring());
-        QVERIFY2(w->panel.item(pages.at(page - 1))->isAncestorOf(w->focused()),
-                 qPrintable(Workplace::nameOf(w->focused())));
-    }
-}
-
-void TestFocus::shortcutsRestUnderMaskAndPopups()
-{
-    for (const char *place : {"start", "connect", "setup", "warning", "picker"}) {
-        enter(place);
-        const int page = w->panel.number("tabPageID");
-        w->key(page == 4 ? Qt::Key_5 : Qt::Key_4, Qt::ControlModifier);
-        w->key(Qt::Key_F3);
-        QTest::qWait(30);
-        QCOMPARE(w->panel.number("tabPageID"), page);
-        QCOMPARE(w->facade.calls, QStringList());
-    }
-}
-
-// The mouse changes the page and leaves the keyboard in a field that is no longer seen.
-void TestFocus::hiddenControlHearsNoKey()
-{
-    enter("garbage mask");
-    w->panel.click(item("pageGM.windowLeft.itemText"));
-    w->panel.click(item("menuInput"));
-    w->facade.forget();
-    for (const Qt::Key key : {Qt::Key_1, Qt::Key_2, Qt::Key_Return})
-        w->key(key);
-    QCOMPARE(w->calls(), QStringList());
-    QCOMPARE(w->panel.text("pageGM.windowLeft.textValue"), QStringLiteral("110"));
-}
-
-void TestFocus::heldKeyIsOnePress()
-{
-    enter("window");
-    const auto hold = [this](const char *id, Qt::Key key) {
-        w->focus(item(id));
-        w->facade.forget();
-        QTest::keyPress(w->panel.window, key);
-        for (int i = 0; i < 5; ++i) {
-            QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, QString(), true);
-            QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
-            QCoreApplication::sendEvent(w->panel.window, &up);
-            QCoreApplication::sendEvent(w->panel.window, &down);
-        }
-        const bool pressed = item(id)->property("pressed").toBool();
-        QTest::keyRelease(w->panel.window, key);
-        return pressed;
-    };
-    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
-        QVERIFY(hold("pageIN.btnGenlockReset", key));
-        QCOMPARE(w->facade.calls, QStringList("resetGenlock()"));
-        QVERIFY(hold("outputMemoryLoad", key));
-        QCOMPARE(w->facade.calls, QStringList("loadMemory(3)"));
-    }
-}
-
-void TestFocus::leavingWhileHeldIsNoClick()
-{
-    enter("window");
-    QQuickItem *area = item("pageIN.imgFGFreeze")->childItems().constFirst();
-    w->focus(area);
-    w->facade.forget();
-    QTest::keyPress(w->panel.window, Qt::Key_Space);
-    QVERIFY(w->panel.flag("pageIN.imgFGFreeze.pressed"));
-    w->key(Qt::Key_Tab);
-    QVERIFY(!w->panel.flag("pageIN.imgFGFreeze.pressed"));
-    QTest::keyRelease(w->panel.window, Qt::Key_Space);
-    QCOMPARE(w->calls(), QStringList());
-}
-
-void TestFocus::sliderKeys()
-{
-    enter("garbage mask");
-    QQuickItem *slider = item("pageGM.windowLeft.itemSlider");
-    w->focus(slider);
-    const QVector<QPair<Qt::Key, int>> steps{
-        {Qt::Key_Right, 111},    {Qt::Key_Up, 112},       {Qt::Key_Left, 111},   {Qt::Key_Down, 110},
-        {Qt::Key_PageUp, 120},   {Qt::Key_PageDown, 110}, {Qt::Key_End, 1000},   {Qt::Key_Right, 1000},
-        {Qt::Key_PageDown, 990}, {Qt::Key_Home, 0},       {Qt::Key_PageDown, 0}, {Qt::Key_PageUp, 10}};
-    for (const auto &step : steps) {
-        const bool moves = slider->property("value").toInt() != step.second;
-        w->facade.forget();
-        w->key(step.first);
-        QCOMPARE(slider->property("value").toInt(), step.second);
-        QCOMPARE(w->calls().size(), moves ? 1 : 0);
-    }
-    QCOMPARE(w->facade.callsOf("setWindow"), QStringList("setWindow(true, 0, 10, 890, 120, 880, 15)"));
-    // Several within the throttle are one command.
-    w->facade.forget();
-    for (int i = 0; i < 5; ++i)
-        w->key(Qt::Key_Right);
-    QCOMPARE(w->calls(), QStringList("setWindow(true, 0, 15, 890, 120, 880, 15)"));
-}
-
-void TestFocus::point(QQuickItem *target)
-{
-    QTest::mouseMove(w->panel.window, w->panel.middle(target));
-    QTest::qWait(30);
-}
-
-void TestFocus::hoverShowsWhatCanBePressed()
-{
-    enter("window");
-    QTest::mouseMove(w->panel.window, QPoint(1364, 766));
-    QVERIFY(!w->hoverEdge());
-    const QImage still = grab("still");
-    for (const char *id : {"btnSetup", "comboPgmSdiOutput", "outputMemoryLock", "menuInput",
-                           "pageIN.imgFGFreeze", "pageIN.btnGenlockReset"}) {
-        point(item(id));
-        QVERIFY2(w->hoverEdge(), id);
-        QCOMPARE(placeOf(w->hoverEdge()).adjusted(1, 1, -1, -1), placeOf(item(id)));
-        QCOMPARE(w->panel.window->cursor().shape(), Qt::PointingHandCursor);
-    }
-    point(item("pageIN.genlockTitle"));
-    QVERIFY(!w->hoverEdge());
-    QCOMPARE(w->panel.window->cursor().shape(), Qt::ArrowCursor);
-    QTest::mouseMove(w->panel.window, QPoint(1364, 766));
-    QCOMPARE(grab("still again"), still);
-    // A dead control is none.
-    w->panel.eval("memoryLock = true");
-    point(item("outputMemoryLoad"));
-    QVERIFY(!w->hoverEdge());
-    enter("garbage mask");
-    point(item("pageGM.windowLeft.itemText"));
-    QVERIFY(!w->hoverEdge());
-    QCOMPARE(w->panel.window->cursor().shape(), Qt::IBeamCursor);
-    enter("picker");
-    point(item("pageCK.colorPickerMouseAreaItem"));
-    QCOMPARE(w->panel.window->cursor().shape(), Qt::CrossCursor);
-}
-
-void TestFocus::hoverRestsUnderPopupsAndWhileHeld()
-{
-    enter("start");
-    point(item("btnConnect"));
-    QVERIFY(w->hoverEdge());
-    point(item("comboPgmSdiOutput"));
-    QVERIFY(!w->hoverEdge());
-    enter("setup");
-    point(item("menuInput"));
-    QVERIFY(!w->hoverEdge());
-    point(item("btnSetupSave"));
-    QVERIFY(w->hoverEdge());
-    w->panel.press("btnSetupFactoryDefault");
-    QVERIFY(!w->hoverEdge());
 }
 
 QTEST_MAIN(TestFocus)

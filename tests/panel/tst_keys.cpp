@@ -1,0 +1,233 @@
+#include "operations.h"
+#include "tests/support/checked.h"
+
+// The keys that are no plain press of a control, and what the pointer shows.
+class TestKeys : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void enterOpensConnectUnderTheMask();
+    void functionKeysOpenThePanels();
+    void numbersBringPages();
+    void shortcutsRestUnderMaskAndPopups();
+    void hiddenControlHearsNoKey();
+    void heldKeyIsOnePress();
+    void leavingWhileHeldIsNoClick();
+    void sliderKeys();
+    void hoverShowsWhatCanBePressed();
+    void hoverRestsUnderPopupsAndWhileHeld();
+
+private:
+    QQuickItem *item(const char *id) const { return w->panel.item(QString::fromLatin1(id)); }
+    void point(QQuickItem *target);
+
+    std::unique_ptr<Workplace> w;
+};
+
+void TestKeys::init()
+{
+    w = std::make_unique<Workplace>();
+}
+
+void TestKeys::cleanup()
+{
+    QCOMPARE(Messages::warnings(), QStringList());
+    w.reset();
+}
+
+void TestKeys::enterOpensConnectUnderTheMask()
+{
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_F2}) {
+        w->enter("start");
+        QVERIFY(w->panel.flag("popupMask.opened"));
+        w->facade.forget();
+        w->key(key);
+        QVERIFY(w->panel.standsOpen("popupConnect"));
+        QCOMPARE(w->facade.calls, QStringList("connectPopup(0, 0)"));
+        QCOMPARE(w->panel.face("btnConnect"), QStringLiteral("btn_p_connect_dashboard"));
+    }
+}
+
+void TestKeys::functionKeysOpenThePanels()
+{
+    w->enter("start");
+    w->key(Qt::Key_F3);
+    QTest::qWait(50);
+    QVERIFY(!w->panel.flag("popupSetup.visible"));
+    w->enter("window");
+    w->key(Qt::Key_F3);
+    QVERIFY(w->panel.standsOpen("popupSetup"));
+    QVERIFY(w->panel.flag("btnSetupClicked"));
+    // The panel is modal: the header is not to be had under it.
+    w->key(Qt::Key_F2);
+    QTest::qWait(50);
+    QVERIFY(!w->panel.flag("popupConnect.visible"));
+    w->key(Qt::Key_Escape);
+    QVERIFY(w->panel.standsClosed("popupSetup"));
+    w->key(Qt::Key_F2);
+    QVERIFY(w->panel.standsOpen("popupConnect"));
+}
+
+void TestKeys::numbersBringPages()
+{
+    w->enter("window");
+    const QStringList pages{"pageIN", "pageCK", "pagePP", "pageGM", "pageHW", "pageAL"};
+    for (const int page : {2, 3, 4, 5, 6, 1}) {
+        w->facade.forget();
+        w->key(Qt::Key(Qt::Key_0 + page), Qt::ControlModifier);
+        QCOMPARE(w->facade.calls, QStringList(QStringLiteral("setCurrentPage(%1)").arg(page)));
+        QVERIFY(w->panel.flag(pages.at(page - 1) + ".visible"));
+        // The keyboard is at the page's first control, and is seen there.
+        QTRY_VERIFY(w->ring());
+        QVERIFY2(w->panel.item(pages.at(page - 1))->isAncestorOf(w->focused()),
+                 qPrintable(Workplace::nameOf(w->focused())));
+    }
+}
+
+void TestKeys::shortcutsRestUnderMaskAndPopups()
+{
+    for (const char *place : {"start", "connect", "setup", "warning", "picker"}) {
+        w->enter(place);
+        const int page = w->panel.number("tabPageID");
+        w->key(page == 4 ? Qt::Key_5 : Qt::Key_4, Qt::ControlModifier);
+        w->key(Qt::Key_F3);
+        QTest::qWait(30);
+        QCOMPARE(w->panel.number("tabPageID"), page);
+        QCOMPARE(w->facade.calls, QStringList());
+    }
+}
+
+// The mouse changes the page and leaves the keyboard in a field that is no longer seen.
+void TestKeys::hiddenControlHearsNoKey()
+{
+    w->enter("garbage mask");
+    w->panel.click(item("pageGM.windowLeft.itemText"));
+    w->panel.click(item("menuInput"));
+    w->facade.forget();
+    for (const Qt::Key key : {Qt::Key_1, Qt::Key_2, Qt::Key_Return})
+        w->key(key);
+    QCOMPARE(w->calls(), QStringList());
+    QCOMPARE(w->panel.text("pageGM.windowLeft.textValue"), QStringLiteral("110"));
+}
+
+void TestKeys::heldKeyIsOnePress()
+{
+    w->enter("window");
+    const auto hold = [this](const char *id, Qt::Key key) {
+        w->focus(item(id));
+        w->facade.forget();
+        QTest::keyPress(w->panel.window, key);
+        for (int i = 0; i < 5; ++i) {
+            QKeyEvent up(QEvent::KeyRelease, key, Qt::NoModifier, QString(), true);
+            QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+            QCoreApplication::sendEvent(w->panel.window, &up);
+            QCoreApplication::sendEvent(w->panel.window, &down);
+        }
+        const bool pressed = item(id)->property("pressed").toBool();
+        QTest::keyRelease(w->panel.window, key);
+        return pressed;
+    };
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+        QVERIFY(hold("pageIN.btnGenlockReset", key));
+        QCOMPARE(w->facade.calls, QStringList("resetGenlock()"));
+        QVERIFY(hold("outputMemoryLoad", key));
+        QCOMPARE(w->facade.calls, QStringList("loadMemory(3)"));
+    }
+}
+
+void TestKeys::leavingWhileHeldIsNoClick()
+{
+    w->enter("window");
+    QQuickItem *area = item("pageIN.imgFGFreeze")->childItems().constFirst();
+    w->focus(area);
+    w->facade.forget();
+    QTest::keyPress(w->panel.window, Qt::Key_Space);
+    QVERIFY(w->panel.flag("pageIN.imgFGFreeze.pressed"));
+    w->key(Qt::Key_Tab);
+    QVERIFY(!w->panel.flag("pageIN.imgFGFreeze.pressed"));
+    QTest::keyRelease(w->panel.window, Qt::Key_Space);
+    QCOMPARE(w->calls(), QStringList());
+}
+
+void TestKeys::sliderKeys()
+{
+    w->enter("garbage mask");
+    QQuickItem *slider = item("pageGM.windowLeft.itemSlider");
+    w->focus(slider);
+    const QVector<QPair<Qt::Key, int>> steps{
+        {Qt::Key_Right, 111},    {Qt::Key_Up, 112},       {Qt::Key_Left, 111},   {Qt::Key_Down, 110},
+        {Qt::Key_PageUp, 120},   {Qt::Key_PageDown, 110}, {Qt::Key_End, 1000},   {Qt::Key_Right, 1000},
+        {Qt::Key_PageDown, 990}, {Qt::Key_Home, 0},       {Qt::Key_PageDown, 0}, {Qt::Key_PageUp, 10}};
+    for (const auto &step : steps) {
+        const bool moves = slider->property("value").toInt() != step.second;
+        w->facade.forget();
+        w->key(step.first);
+        QCOMPARE(slider->property("value").toInt(), step.second);
+        QCOMPARE(w->calls().size(), moves ? 1 : 0);
+    }
+    QCOMPARE(w->facade.callsOf("setWindow"), QStringList("setWindow(true, 0, 10, 890, 120, 880, 15)"));
+    // Several within the throttle are one command.
+    w->facade.forget();
+    for (int i = 0; i < 5; ++i)
+        w->key(Qt::Key_Right);
+    QCOMPARE(w->calls(), QStringList("setWindow(true, 0, 15, 890, 120, 880, 15)"));
+}
+
+void TestKeys::point(QQuickItem *target)
+{
+    QTest::mouseMove(w->panel.window, w->panel.middle(target));
+    QTest::qWait(30);
+}
+
+void TestKeys::hoverShowsWhatCanBePressed()
+{
+    w->enter("window");
+    QTest::mouseMove(w->panel.window, QPoint(1364, 766));
+    QVERIFY(!w->hoverEdge());
+    const QImage still = w->panel.grab("still");
+    for (const char *id : {"btnSetup", "comboPgmSdiOutput", "outputMemoryLock", "menuInput",
+                           "pageIN.imgFGFreeze", "pageIN.btnGenlockReset"}) {
+        point(item(id));
+        QVERIFY2(w->hoverEdge(), id);
+        QCOMPARE(Workplace::placeOf(w->hoverEdge()).adjusted(1, 1, -1, -1), Workplace::placeOf(item(id)));
+        QCOMPARE(w->panel.window->cursor().shape(), Qt::PointingHandCursor);
+    }
+    point(item("pageIN.genlockTitle"));
+    QVERIFY(!w->hoverEdge());
+    QCOMPARE(w->panel.window->cursor().shape(), Qt::ArrowCursor);
+    QTest::mouseMove(w->panel.window, QPoint(1364, 766));
+    QCOMPARE(w->panel.grab("still again"), still);
+    // A dead control is none.
+    w->panel.eval("memoryLock = true");
+    point(item("outputMemoryLoad"));
+    QVERIFY(!w->hoverEdge());
+    w->enter("garbage mask");
+    point(item("pageGM.windowLeft.itemText"));
+    QVERIFY(!w->hoverEdge());
+    QCOMPARE(w->panel.window->cursor().shape(), Qt::IBeamCursor);
+    w->enter("picker");
+    point(item("pageCK.colorPickerMouseAreaItem"));
+    QCOMPARE(w->panel.window->cursor().shape(), Qt::CrossCursor);
+}
+
+void TestKeys::hoverRestsUnderPopupsAndWhileHeld()
+{
+    w->enter("start");
+    point(item("btnConnect"));
+    QVERIFY(w->hoverEdge());
+    point(item("comboPgmSdiOutput"));
+    QVERIFY(!w->hoverEdge());
+    w->enter("setup");
+    point(item("menuInput"));
+    QVERIFY(!w->hoverEdge());
+    point(item("btnSetupSave"));
+    QVERIFY(w->hoverEdge());
+    w->panel.press("btnSetupFactoryDefault");
+    QVERIFY(!w->hoverEdge());
+}
+
+QTEST_MAIN(TestKeys)
+#include "tst_keys.moc"
