@@ -3,6 +3,7 @@
 // its cause and its cure.
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QHash>
 #include <QRegularExpression>
@@ -265,6 +266,27 @@ private slots:
             QVERIFY2(page.text.contains(name), qPrintable(name));
         }
         QVERIFY(told >= 7);
+    }
+
+    void everyShortcutIsTold_data() { languages(); }
+
+    void everyShortcutIsTold()
+    {
+        QFETCH(QString, language);
+        const QString text = chapter(language, QStringLiteral("keyboard")).text;
+        static const QRegularExpression shortcut(QStringLiteral("sequence: \"([^\"]+)\""));
+        int told = 0;
+        QDirIterator documents(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../qml"), {QStringLiteral("*.qml")}, QDir::Files,
+                               QDirIterator::Subdirectories);
+        while (documents.hasNext()) {
+            const QString document = QString::fromUtf8(contentOf(documents.next()));
+            for (auto found = shortcut.globalMatch(document); found.hasNext(); ++told) {
+                for (const QString &key :
+                     found.next().captured(1).split(QLatin1Char('+'), Qt::SkipEmptyParts))
+                    QVERIFY2(text.contains(key), qPrintable(key));
+            }
+        }
+        QVERIFY(told >= 3);
     }
 
     void everyOtherWordHasItsPlace_data() { languages(); }
