@@ -1,5 +1,5 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import QtQuick.Dialogs 1.2
 import "blocks"
 import "blocks/Pictures.js" as Pictures
@@ -207,7 +207,7 @@ Item {
         }
     }
 
-    ScrollView {
+    T.ScrollView {
         id: scrollContent
         x: 30
         y: 10
@@ -218,11 +218,11 @@ Item {
         contentWidth: 1110
         contentHeight: sections.reduce(function (sum, section) { return sum + section.height }, 0)
 
-        ScrollBar.vertical: DarkScrollBar {
+        T.ScrollBar.vertical: DarkScrollBar {
             parent: scrollContent
             x: pageCK_ContentArea01.width + 14
             height: scrollContent.height
-            policy: ScrollBar.AlwaysOn
+            policy: T.ScrollBar.AlwaysOn
         }
 
         Column {

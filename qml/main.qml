@@ -1,12 +1,12 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
+import QtQuick.Templates 2.5 as T
 import "blocks"
 import "blocks/Pictures.js" as Pictures
 import "window"
 
 // The panel's window: its state, the parts that it is put together from, and what concerns several of them.
 // The parts stand in window/, what has no words in blocks/. Texts of the parts keep the context "main".
-ApplicationWindow {
+T.ApplicationWindow {
     id: mainWindow
 
     // ---------------------------------------------------------------- state
@@ -238,11 +238,11 @@ ApplicationWindow {
 
     // ---------------------------------------------------------------- frame and pages
 
-    // One colour, and the bands below cover all of it: a single dot of it is kept, drawn in full size.
+    // The bands below cover all of it, unless a window manager makes the window larger than it asked to be: the
+    // picture is loaded when there is something of it to see.
     Image {
         anchors.fill: parent
-        source: "qrc:/img/pc/img_bg_02_dashboard.png"
-        sourceSize { width: 1; height: 1 }
+        source: parent.width > 1366 || parent.height > 768 ? "qrc:/img/pc/img_bg_02_dashboard.png" : ""
     }
 
     Column {

@@ -7,6 +7,9 @@ import "."
 //
 // Properties: grooveSource, handleSource (pictures), levelColor (left of the handle), leftText, rightText
 //             (small texts under the ends of the groove); all of Slider (minimumValue, maximumValue, value).
+//
+// What a slider is drawn with is made when the slider is seen for the first time: at the start only a few are, and
+// those of the other pages would take a third of it. Their values and signals do not wait for that.
 QQC14.Slider {
     id: darkSlider
 
@@ -18,59 +21,84 @@ QQC14.Slider {
     // How far the handle stands out above and below.
     readonly property int reach: 8
 
+    // Follows the page, until it is true for the first time.
+    property bool seen: visible
+
     width: 346
     height: 6
     stepSize: 1
     wheelEnabled: false
+    style: seen ? drawn : unseen
+    onSeenChanged: {
+        if (seen)
+            seen = true
+    }
 
-    style: SliderStyle {
-        groove: Rectangle {
-            implicitWidth: 346
-            implicitHeight: 6
-            color: "transparent"
-            radius: 8
+    // As much as the control asks of a style: a handle as large as the one that is drawn later, so that each value
+    // already has the place on the groove that it will be drawn at.
+    Component {
+        id: unseen
 
-            Image {
-                anchors.fill: parent
-                source: darkSlider.grooveSource
-            }
-
-            Rectangle {
-                id: sliderCurrentLevel
-                width: styleData.handlePosition
-                height: parent.height
-                color: darkSlider.levelColor
-                radius: height / 2
-            }
-
-            PanelText {
-                id: sliderTextLeft
-                anchors.top: parent.bottom
-                anchors.topMargin: 12
-                anchors.left: parent.left
-                anchors.leftMargin: -15
-                height: 16
-                color: "#919191"
-                font.pixelSize: 14
-                text: darkSlider.leftText
-            }
-
-            PanelText {
-                id: sliderTextRight
-                anchors.top: parent.bottom
-                anchors.topMargin: 12
-                anchors.right: parent.right
-                anchors.rightMargin: -15
-                height: 16
-                color: "#919191"
-                font.pixelSize: 14
-                text: darkSlider.rightText
+        QtObject {
+            property Component panel: Item {
+                property int handleWidth: 22
+                property int handleHeight: 22
             }
         }
-        handle: Image {
-            width: 22
-            height: 22
-            source: darkSlider.handleSource
+    }
+
+    Component {
+        id: drawn
+
+        SliderStyle {
+            groove: Rectangle {
+                implicitWidth: 346
+                implicitHeight: 6
+                color: "transparent"
+                radius: 8
+
+                Image {
+                    anchors.fill: parent
+                    source: darkSlider.grooveSource
+                }
+
+                Rectangle {
+                    id: sliderCurrentLevel
+                    width: styleData.handlePosition
+                    height: parent.height
+                    color: darkSlider.levelColor
+                    radius: height / 2
+                }
+
+                PanelText {
+                    id: sliderTextLeft
+                    anchors.top: parent.bottom
+                    anchors.topMargin: 12
+                    anchors.left: parent.left
+                    anchors.leftMargin: -15
+                    height: 16
+                    color: "#919191"
+                    font.pixelSize: 14
+                    text: darkSlider.leftText
+                }
+
+                PanelText {
+                    id: sliderTextRight
+                    anchors.top: parent.bottom
+                    anchors.topMargin: 12
+                    anchors.right: parent.right
+                    anchors.rightMargin: -15
+                    height: 16
+                    color: "#919191"
+                    font.pixelSize: 14
+                    text: darkSlider.rightText
+                }
+            }
+            handle: Image {
+                width: 22
+                height: 22
+                source: darkSlider.handleSource
+            }
         }
     }
 
