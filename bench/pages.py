@@ -18,6 +18,12 @@ def promises(results, told_sleep_ms):
             promise("memory", panel["rssMb"] - rows["rssMb"], 20,
                     "MB of resident memory at the first picture, beyond the window of 72 rows"),
         ]
+        told = start["panel, told to draw in software"]
+        made += [
+            promise("first picture, nothing set", panel["firstMs"] / told["firstMs"], 1.1,
+                    "the same without a GPU and nothing set in the environment, over one told to draw in software"),
+            promise("memory, nothing set", panel["rssMb"] - told["rssMb"], 1, "MB beyond that one"),
+        ]
     for link, line in results.get("exchange", {}).items():
         made.append(promise(f"exchange, {link}", line["panel"]["p50"] / line["bare"]["p50"], 2.0,
                             f"the panel's share of an exchange over a bare socket's, {link} link, median"))
@@ -44,6 +50,11 @@ def promises(results, told_sleep_ms):
             promise("soak, descriptors", soak["descriptors"], 0, "descriptors gained by them"),
             promise("soak, threads", soak["threads"], 0, "threads gained by them"),
         ]
+    if "run" in results:
+        made.append(promise("./run", results["run"]["secondStartSeconds"], 5,
+                            "seconds from a second ./run to the panel's first picture"))
+    for name in results.get("failed", {}):
+        made.append(promise(f"{name} failed", 1, 0, f"failures of the bench {name}"))
     return made
 
 
@@ -99,6 +110,12 @@ def sections(results):
                table(["operations", "seconds", "KB grown", "descriptors", "threads"],
                      [[soak["operations"], figure(soak["seconds"]), figure(soak["rssSlopeKb"]), soak["descriptors"],
                        soak["threads"]]]))
+    if "run" in results:
+        yield ("./run", "A second start, with nothing to build: from the command to the first picture on the screen, "
+               "with the private network and the stand-in unit.",
+               table(["", "seconds"], [["second ./run", figure(results["run"]["secondStartSeconds"])]]))
+    for name, reason in results.get("failed", {}).items():
+        yield (f"{name}: failed", f"Tried twice: {reason}", "")
 
 
 def promised(results):
