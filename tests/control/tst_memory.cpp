@@ -289,13 +289,17 @@ void TestMemory::routingRestartsThePollFirst()
     FacadeBench bench;
     bench.control->timerRefreshStatus->setTimerType(Qt::PreciseTimer);
     QVERIFY(bench.connectUnit());
-    // The poll restarts before the unit is told of its outputs, so the exchange eats into the period; after any
-    // other set it restarts last.
-    bench.host.setFault(standin::AnyCode, standin::Fault::late(700));
-    bench.control->setOutSelect(1, false, false, 2, false, false, 3, false, false, 4, false, false);
-    QVERIFY(bench.control->timerRefreshStatus->remainingTime() <= 800);
-    bench.control->setCKAngle(1, 2);
-    QVERIFY(bench.control->timerRefreshStatus->remainingTime() > 900);
+    const int period = bench.control->timerRefreshStatus->interval();
+    // The poll restarts before the unit is told of its outputs, so the 50 ms of each exchange eat into the period;
+    // after any other set it restarts last. A busy machine may eat into it then too, but not at every try.
+    int longest = 0;
+    for (int i = 0; i < 20 && longest <= period - 50; ++i) {
+        bench.control->setOutSelect(1, false, false, 2, false, false, 3, false, false, 4, false, false);
+        QVERIFY(bench.control->timerRefreshStatus->remainingTime() <= period - 50);
+        bench.control->setCKAngle(1, 2);
+        longest = qMax(longest, bench.control->timerRefreshStatus->remainingTime());
+    }
+    QVERIFY(longest > period - 50);
 }
 
 void TestMemory::routingOnALinkThatBreaks()

@@ -145,7 +145,7 @@ void TestBroadcastCommands::answered()
     }
     value = 0x15;
     QCOMPARE(call(*hlnp, code), QStringLiteral("NACK"));
-    QVERIFY(clock.elapsed() < 4000);
+    QVERIFY(clock.elapsed() < 10000);
 
     const auto requests = devices->requests();
     QCOMPARE(requests.size(), 2);
@@ -218,7 +218,7 @@ void TestBroadcastCommands::silenceAfterReset()
     QElapsedTimer clock;
     clock.start();
     QCOMPARE(call(*hlnp, 0x04), QStringLiteral("OK"));
-    QVERIFY(clock.elapsed() >= 12095 && clock.elapsed() < 13100);
+    QVERIFY(clock.elapsed() >= 12095 && clock.elapsed() < 20000);
     QCOMPARE(order, (QStringList{QStringLiteral("busy"), QStringLiteral("done"), QStringLiteral("idle")}));
     QCOMPARE(devices->requests().size(), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("Reset:While get datagram.")), 11);
@@ -231,7 +231,7 @@ void TestBroadcastCommands::silenceAfterSetDhcpMode()
     QElapsedTimer clock;
     clock.start();
     QCOMPARE(call(*hlnp, 0x02), QStringLiteral("OK"));
-    QVERIFY(clock.elapsed() >= 12095 && clock.elapsed() < 13100);
+    QVERIFY(clock.elapsed() >= 12095 && clock.elapsed() < 20000);
     QCOMPARE(devices->requests().size(), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("set DHCP mode:While get datagram.")), 11);
 }
@@ -243,7 +243,7 @@ void TestBroadcastCommands::silenceAfterSetIpAdr()
     QElapsedTimer clock;
     clock.start();
     QCOMPARE(call(*hlnp, 0x03), QStringLiteral("OK"));
-    QVERIFY(clock.elapsed() >= 12095 && clock.elapsed() < 13100);
+    QVERIFY(clock.elapsed() >= 12095 && clock.elapsed() < 20000);
     QCOMPARE(devices->requests().size(), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("set IP Address:While get datagram.")), 11);
 }

@@ -348,7 +348,7 @@ void TestDatagrams::exactlyElevenReads()
     QElapsedTimer clock;
     clock.start();
     hlnp->processDatagrams();
-    QVERIFY(clock.elapsed() < 600);
+    QVERIFY(clock.elapsed() < 1000);
     QCOMPARE(hlnp->deviceCount, 11);
     QCOMPARE(hlnp->scanDone, false);
 
@@ -366,7 +366,7 @@ void TestDatagrams::anEmptyCollectionTakesElevenSleeps()
     clock.start();
     hlnp->processDatagrams();
     QVERIFY(clock.elapsed() >= 1100);
-    QVERIFY(clock.elapsed() < 2100);
+    QVERIFY(clock.elapsed() < 10000);
     QCOMPARE(LogCapture::count(QStringLiteral("processDatagrams() Read length :")), 11);
 }
 

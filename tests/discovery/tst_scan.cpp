@@ -46,7 +46,7 @@ void TestScan::unitsAreFoundAndSorted()
     // The answers to the scan, and 100 ms more for each collection that found but one: 0.5 + 0.7 + 0.1 + 0.5 s
     // and 1.1 s a device.
     QVERIFY(clock.elapsed() >= 1800 + 4 * 1100 - 100);
-    QVERIFY(clock.elapsed() < 1800 + 4 * 1100 + 1000);
+    QVERIFY(clock.elapsed() < 1800 + 4 * 1100 + 10000);
 
     const QStringList expected = {address(7), address(30), address(200)};
     QCOMPARE(panel.getHLNPDeviceList(), expected);
@@ -96,7 +96,7 @@ void TestScan::nobodyAnswers()
     clock.start();
     QCOMPARE(scan(panel), 1U);
     QVERIFY(clock.elapsed() >= 2200);
-    QVERIFY(clock.elapsed() < 3200);
+    QVERIFY(clock.elapsed() < 10000);
     QCOMPARE(devices->requests().size(), 1);
     QCOMPARE(panel.hlnpObj->deviceCount, 0);
     QVERIFY(panel.getHLNPDeviceList().isEmpty());
@@ -114,7 +114,7 @@ void TestScan::twelveAtOnceStallTheScanAndAreAllFound()
     clock.start();
     QCOMPARE(panel.HLNPScan(QStringLiteral("scan"), 0), 0U);
     QVERIFY(clock.elapsed() >= 500 + 100 + 50000);
-    QVERIFY(clock.elapsed() < 53000);
+    QVERIFY(clock.elapsed() < 75000);
     QCOMPARE(panel.hlnpObj->deviceCount, 11);
     panel.HLNPGetModel();
     panel.HLNPDoScanDone();

@@ -479,7 +479,7 @@ void TestConnection::disconnectCountsSixTicks()
     QStringList dots;
     QElapsedTimer clock;
     clock.start();
-    while (h->flag("notifyTimer.running") && clock.elapsed() < 9000) {
+    while (h->flag("notifyTimer.running") && clock.elapsed() < 30000) {
         const QString now = h->text("txtDisconnectNotifyInfoCountDown.text");
         if (dots.isEmpty() || dots.last() != now) {
             dots << now;
@@ -489,7 +489,7 @@ void TestConnection::disconnectCountsSixTicks()
         QTest::qWait(50);
     }
     QCOMPARE(dots.filter(".").join(' '), QStringLiteral("..... .... ... .. ."));
-    QVERIFY2(clock.elapsed() > 5000 && clock.elapsed() < 7500, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY2(clock.elapsed() > 5000 && clock.elapsed() < 20000, qPrintable(QString::number(clock.elapsed())));
     QVERIFY(h->standsClosed("popupDisConnect"));
     QVERIFY(h->standsOpen("popupConnect"));
     QVERIFY(h->flag("popupMask.opened"));
