@@ -1,5 +1,5 @@
 import QtQuick 2.12
-import QtQuick.Templates 2.5 as T
+import QtQuick.Controls 2.5
 import QtQuick.Dialogs 1.2
 import "blocks"
 import "blocks/Pictures.js" as Pictures
@@ -207,7 +207,7 @@ Item {
         }
     }
 
-    T.ScrollView {
+    ScrollView {
         id: scrollContent
         x: 30
         y: 10
@@ -218,11 +218,11 @@ Item {
         contentWidth: 1110
         contentHeight: sections.reduce(function (sum, section) { return sum + section.height }, 0)
 
-        T.ScrollBar.vertical: DarkScrollBar {
+        ScrollBar.vertical: DarkScrollBar {
             parent: scrollContent
             x: pageCK_ContentArea01.width + 14
             height: scrollContent.height
-            policy: T.ScrollBar.AlwaysOn
+            policy: ScrollBar.AlwaysOn
         }
 
         Column {

@@ -1,5 +1,5 @@
 import QtQuick 2.12
-import QtQuick.Templates 2.5 as T
+import QtQuick.Controls 2.5
 import "blocks"
 import "blocks/Pictures.js" as Pictures
 
@@ -33,7 +33,7 @@ Item {
 
     Component.onCompleted: settling = false
 
-    T.ScrollView {
+    ScrollView {
         id: scrollContent
         x: 30
         y: 10
@@ -43,7 +43,8 @@ Item {
         activeFocusOnTab: false
         contentWidth: 1110
         contentHeight: pagePP_ContentArea03.y + pagePP_ContentArea03.height
-        T.ScrollBar.vertical: DarkScrollBar {
+        ScrollBar.horizontal.policy: ScrollBar.AlwaysOff
+        ScrollBar.vertical: DarkScrollBar {
             parent: scrollContent
             x: pagePP_ContentArea01.width + 14
             height: scrollContent.height
