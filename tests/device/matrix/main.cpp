@@ -195,7 +195,14 @@ void writeTable(const QString &path, const QMap<QPair<int, uint>, Count> &counts
     }
 }
 
-// The sample goes through the matrix on a slant, so that it meets every operation and every form.
+// A failure that no attempt mends.
+bool isHopeless(const Case &cell)
+{
+    return cell.form.always && cell.form.fault == (cell.method == kNetwork ? Fault::Silent : Fault::WrongSum);
+}
+
+// The sample goes through the matrix on a slant, so that it meets every operation and every form; and every operation
+// fails in it on both links.
 QVector<int> sample()
 {
     QVector<int> cells;
@@ -206,7 +213,7 @@ QVector<int> sample()
         place = cases.at(i).operation == operation ? place + 1 : 0;
         operation = cases.at(i).operation;
         constexpr int kSlant = 5;
-        if ((place + kSlant * operation) % kSampleStep == 0)
+        if ((place + kSlant * operation) % kSampleStep == 0 || isHopeless(cases.at(i)))
             cells.append(i);
     }
     return cells;
