@@ -33,7 +33,7 @@ launcher=$t/tree/packaging/qkv720-panel
 config=$t/home/.config
 logs=$t/home/.local/state/qkv720-panel
 
-case_failed() { printf '%s: %s\n' "$case" "$*" >&2; [ -s "$t/err" ] && sed 's/^/  stderr: /' "$t/err" >&2; exit 1; }
+case_failed() { printf '%s: %s\n' "$case" "$*" >&2; [ -s "$t/err" ] && tail -n 5 "$t/err" | cut -c1-200 | sed 's/^/  stderr: /' >&2; exit 1; }
 
 # launch STATUS WORD...: starts the launcher in an environment of its own and expects this status.
 launch() {
