@@ -17,6 +17,9 @@ private slots:
     void heldKeyIsOnePress();
     void leavingWhileHeldIsNoClick();
     void sliderKeys();
+    void padKeys();
+    void heldArrowIsPacedLikeADrag();
+    void padEnterIsOkAndEscapeLeavesTheCursor();
     void hoverShowsWhatCanBePressed();
     void hoverRestsUnderPopupsAndWhileHeld();
 
@@ -174,6 +177,69 @@ void TestKeys::sliderKeys()
     for (int i = 0; i < 5; ++i)
         w->key(Qt::Key_Right);
     QCOMPARE(w->calls(), QStringList("setWindow(true, 0, 15, 890, 120, 880, 15)"));
+}
+
+void TestKeys::padKeys()
+{
+    w->enter("picker");
+    // The picker opens with the keyboard on the pad.
+    QCOMPARE(w->focused(), item("pageCK.colorPickerMouseAreaItem"));
+    const QVector<QPair<QKeySequence, QString>> steps{{Qt::Key_Right, "setCursorData(3, 1, 0)"},
+                                                      {Qt::SHIFT + Qt::Key_Right, "setCursorData(3, 11, 0)"},
+                                                      {Qt::Key_Left, "setCursorData(3, 10, 0)"},
+                                                      {Qt::Key_Down, "setCursorData(3, 10, 1)"},
+                                                      {Qt::SHIFT + Qt::Key_Down, "setCursorData(3, 10, 11)"},
+                                                      {Qt::SHIFT + Qt::Key_Up, "setCursorData(3, 10, 1)"},
+                                                      {Qt::SHIFT + Qt::Key_Up, "setCursorData(3, 10, 0)"},
+                                                      {Qt::SHIFT + Qt::Key_Left, "setCursorData(3, 0, 0)"}};
+    for (const auto &step : steps) {
+        w->facade.forget();
+        QTest::keySequence(w->panel.window, step.first);
+        QCOMPARE(w->facade.calls, QStringList(step.second));
+    }
+    // At the edges there is nothing to send.
+    w->facade.forget();
+    w->key(Qt::Key_Left);
+    w->key(Qt::Key_Up);
+    QCOMPARE(w->facade.calls, QStringList());
+    w->panel.eval("pageCK.colorPickerX = pageCK.xMax - 3; pageCK.colorPickerY = 0");
+    w->key(Qt::Key_Right, Qt::ShiftModifier);
+    QCOMPARE(w->facade.calls, QStringList("setCursorData(3, 1919, 0)"));
+}
+
+void TestKeys::heldArrowIsPacedLikeADrag()
+{
+    w->enter("picker");
+    QTest::keyPress(w->panel.window, Qt::Key_Right);
+    QCOMPARE(w->facade.calls, QStringList("setCursorData(3, 1, 0)"));
+    w->facade.forget();
+    for (int i = 0; i < 20; ++i) {
+        QKeyEvent again(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier, QString(), true);
+        QCoreApplication::sendEvent(w->panel.window, &again);
+    }
+    QCOMPARE(w->facade.calls, QStringList());
+    QTRY_COMPARE(w->facade.calls.size(), 1);
+    QCOMPARE(w->facade.calls, QStringList("setCursorData(3, 21, 0)"));
+    w->facade.forget();
+    QTest::keyRelease(w->panel.window, Qt::Key_Right);
+    QCOMPARE(w->facade.calls, QStringList("setCursorData(3, 21, 0)"));
+    QTest::qWait(300);
+    QCOMPARE(w->facade.calls.size(), 1);
+}
+
+void TestKeys::padEnterIsOkAndEscapeLeavesTheCursor()
+{
+    w->enter("picker");
+    w->key(Qt::Key_Right);
+    w->facade.forget();
+    w->key(Qt::Key_Escape);
+    QTRY_VERIFY(!item("pageCK.colorPickerMouseAreaItem")->isVisible());
+    QCOMPARE(w->facade.calls, QStringList());
+    w->enter("picker");
+    w->key(Qt::Key_Return);
+    QTRY_VERIFY(!item("pageCK.colorPickerMouseAreaItem")->isVisible());
+    QCOMPARE(w->facade.calls,
+             QStringList({"setCursorData(0, 0, 0)", "msecSleep(100)", "setBKColor(999, 999, 999, 0)"}));
 }
 
 void TestKeys::point(QQuickItem *target)
