@@ -180,7 +180,7 @@ void HostileSettingsTest::aKilledWriterLeavesAWholeFile()
     QDir(kFolder).removeRecursively();
     QDir().mkpath(QFileInfo(settingsPath()).path());
     std::mt19937 random(5002);
-    std::uniform_int_distribution<unsigned long> delayUs(0, 12000);
+    std::uniform_int_distribution<unsigned long> delayUs(0, 30000);
     int stored = 0;
     int longestMs = 0;
     int locksLeft = 0;

@@ -19,8 +19,8 @@ class HostileUnitsTest : public QObject
     Q_OBJECT
 
 private slots:
-    void aReplyOf50MB();
-    void aByteEvery900Ms();
+    void aReplyOfFiftyMegabytes();
+    void aByteNowAndThen();
     void acceptedAndClosed();
 };
 
@@ -133,7 +133,7 @@ struct Panel
 } // namespace
 
 // Every command is answered with 50 MB, as fast as they are taken.
-void HostileUnitsTest::aReplyOf50MB()
+void HostileUnitsTest::aReplyOfFiftyMegabytes()
 {
     constexpr qint64 kReply = 50'000'000;
     std::atomic<qint64> pushed{0};
@@ -166,13 +166,14 @@ void HostileUnitsTest::aReplyOf50MB()
         panel.device.getCKShadow(kNetworkLink);
     QTest::qWait(500);
     const qint64 grown = residentBytes() - before;
-    qInfo() << "told" << told << "in" << clock.elapsed() << "ms, pushed" << pushed << "grown by" << grown;
+    qInfo() << "each command answered with 50 MB: told" << told << "in" << clock.elapsed() << "ms, pushed"
+            << pushed << "grown by" << grown;
     VERIFY_BETWEEN(grown, -100'000'000LL, kMayGrow);
     QVERIFY(clock.elapsed() < 20000);
     QVERIFY(panel.worksWithAUnit());
 }
 
-void HostileUnitsTest::aByteEvery900Ms()
+void HostileUnitsTest::aByteNowAndThen()
 {
     const Impostor unit(support::ownLoopback(42), [](int link, const std::atomic<bool> &over) {
         const QByteArray reply = QByteArray::fromHex("000c09006c010502231022da");
@@ -197,7 +198,7 @@ void HostileUnitsTest::aByteEvery900Ms()
     QElapsedTimer clock;
     clock.start();
     const QString told = panel.device.connectDevice(kNetworkLink, unit.address());
-    qInfo() << "told" << told << "in" << clock.elapsed() << "ms";
+    qInfo() << "a byte every 900 ms: told" << told << "in" << clock.elapsed() << "ms";
     QCOMPARE(told, QStringLiteral("Get Version failed. \nDevice may be disconnected."));
     VERIFY_BETWEEN(clock.elapsed(), 1800, 12000); // the ladder's own waits, and no more
     QVERIFY(!panel.device.isConnected);

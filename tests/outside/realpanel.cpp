@@ -128,15 +128,22 @@ void RealPanel::drag(const QString &control, int fromPercent, int toPercent)
     m_screen.release();
 }
 
-void RealPanel::choose(const QString &control, int row)
+bool RealPanel::choose(const QString &control, int row)
 {
+    // A list is 300 high however few rows it holds: its lower part shows whether it is open, and no row moves there.
+    constexpr int kLowerPart = 200;
     const QRect box = place(control);
-    const QImage below = m_screen.look(box.translated(0, box.height()));
+    const QRect lower(box.left(), box.bottom() + kLowerPart, box.width(), box.height());
+    const QImage closed = m_screen.look(lower);
     click(control);
-    if (!looks([&] { return m_screen.look(box.translated(0, box.height())) != below; }, kStartMs))
-        qFatal("%s does not open", qPrintable(control));
+    if (!looks([&] { return m_screen.look(lower) != closed; }, kStartMs))
+        return false;
+    const QImage open = m_screen.look(lower);
     m_screen.click(box.center() + QPoint(0, box.height() * (row + 1)));
+    if (!looks([&] { return m_screen.look(lower) != open; }, kStartMs))
+        return false;
     m_run->readOn(kListClosesMs);
+    return true;
 }
 
 bool RealPanel::changes(const QString &control, const QImage &from, int withinMs) const

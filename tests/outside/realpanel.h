@@ -34,8 +34,8 @@ public:
     static QRect place(const QString &control);
     void click(const QString &control);
     void drag(const QString &control, int fromPercent, int toPercent);
-    // Opens a drop-down and takes a row near its top.
-    void choose(const QString &control, int row);
+    // Opens a drop-down and takes a row near its top; false when it does not open.
+    [[nodiscard]] bool choose(const QString &control, int row);
     QImage look(const QString &control) const { return m_screen.look(place(control)); }
     // Waits until a control looks other than it did.
     bool changes(const QString &control, const QImage &from, int withinMs = 5000) const;

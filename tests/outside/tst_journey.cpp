@@ -106,7 +106,7 @@ void TestJourney::theLanguageComesBack()
         RealPanel panel(studio->panelPlace());
         QVERIFY2(panel.stands() && panel.run().printed(kStarted), qPrintable(panel.run().output()));
         english = panel.look(words);
-        panel.choose(QStringLiteral("comboMainLanguage"), 1);
+        QVERIFY(panel.choose(QStringLiteral("comboMainLanguage"), 1));
         QVERIFY(panel.changes(words, english));
         QTRY_VERIFY(storedFile().contains("language=zh_TW"));
         panel.run().readOn(300);

@@ -181,12 +181,12 @@ void TestMissing::aLockIsAnsweredInItsWindow()
     panel.screen().key(kSpace);
     QVERIFY2(panel.stands() && panel.run().printed(kStarted), qPrintable(panel.run().output()));
     const QImage english = panel.look(QStringLiteral("menuPostProcessor"));
-    panel.choose(QStringLiteral("comboMainLanguage"), 1);
+    QVERIFY(panel.choose(QStringLiteral("comboMainLanguage"), 1));
     QVERIFY(panel.changes(QStringLiteral("menuPostProcessor"), english));
     QVERIFY(!QFile::exists(settingsPath()));
 
     QVERIFY(QDir().rmdir(lock));
-    panel.choose(QStringLiteral("comboMainLanguage"), 2);
+    QVERIFY(panel.choose(QStringLiteral("comboMainLanguage"), 2));
     QTRY_COMPARE(storedLanguage(settingsPath()), QStringLiteral("zh_CN"));
     QCOMPARE(panel.close(), 0);
 }

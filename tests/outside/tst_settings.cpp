@@ -62,8 +62,8 @@ void TestSettings::aStartOn()
         return;
     }
     QVERIFY2(panel.stands(), qPrintable(panel.run().output()));
-    panel.choose(QStringLiteral("comboMainLanguage"), 0);
-    panel.choose(QStringLiteral("comboMainLanguage"), 2);
+    QVERIFY(panel.choose(QStringLiteral("comboMainLanguage"), 0));
+    QVERIFY(panel.choose(QStringLiteral("comboMainLanguage"), 2));
     panel.run().readOn(200);
     QCOMPARE(panel.close(), 0);
     if (QFileInfo(settingsPath()).isFile())

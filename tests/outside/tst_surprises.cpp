@@ -188,11 +188,11 @@ void TestSurprises::twoPanelsOnOneSettingsFile()
     first.click(QStringLiteral("imgConnectScan"));
     // The second changes the language while the first scans and connects.
     for (const int row : {1, 2, 0, 2})
-        second.choose(QStringLiteral("comboMainLanguage"), row);
+        QVERIFY(second.choose(QStringLiteral("comboMainLanguage"), row));
     QVERIFY(first.run().printed(QStringLiteral("Refresh IP List: (\"192.168.72.10\")")));
     first.click(QStringLiteral("btnConnectConnect"));
     QVERIFY(first.run().printed(QStringLiteral("device connect: OK")));
-    second.choose(QStringLiteral("comboMainLanguage"), 1);
+    QVERIFY(second.choose(QStringLiteral("comboMainLanguage"), 1));
     second.run().readOn(500);
     QCOMPARE(second.close(), 0);
     QCOMPARE(first.close(), 0);
