@@ -8,7 +8,7 @@
 namespace {
 
 const QString kTitle = QStringLiteral("QKV-720 v");
-constexpr int kListClosesMs = 300;
+constexpr int kListClosesMs = 1000;
 constexpr int kFirstFramesMs = 500;
 constexpr int kHoldoutWindowRead = 0x5F; // the last read of a connect
 
@@ -130,18 +130,14 @@ void RealPanel::drag(const QString &control, int fromPercent, int toPercent)
 
 bool RealPanel::choose(const QString &control, int row)
 {
-    // A list is 300 high however few rows it holds: its lower part shows whether it is open, and no row moves there.
-    constexpr int kLowerPart = 200;
     const QRect box = place(control);
-    const QRect lower(box.left(), box.bottom() + kLowerPart, box.width(), box.height());
-    const QImage closed = m_screen.look(lower);
+    const QRect firstRow = box.translated(0, box.height());
+    const QImage closed = m_screen.look(firstRow);
     click(control);
-    if (!looks([&] { return m_screen.look(lower) != closed; }, kStartMs))
+    if (!looks([&] { return m_screen.look(firstRow) != closed; }, kStartMs))
         return false;
-    const QImage open = m_screen.look(lower);
     m_screen.click(box.center() + QPoint(0, box.height() * (row + 1)));
-    if (!looks([&] { return m_screen.look(lower) != open; }, kStartMs))
-        return false;
+    // What is chosen may draw the whole screen anew; only then is the list gone for the next look.
     m_run->readOn(kListClosesMs);
     return true;
 }
