@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <QLoggingCategory>
 #include <QPixmap>
+#include <QPixmapCache>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQuickWindow>
@@ -27,6 +28,10 @@
 #include "shell/operatoraids.h"
 #include "shell/qmltranslator.h"
 #include "shell/settingscheck.h"
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -95,6 +100,16 @@ void readyWindow(const QQmlApplicationEngine &engine)
     }
 }
 
+// The splash's picture would stay in the toolkit's cache, and what the load has freed in the process, for as long as
+// the panel runs.
+void giveBackTheStart()
+{
+    QPixmapCache::clear();
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
+}
+
 } // namespace
 
 // The order of these steps matters: the facade stands before anything is on the screen, the language before
@@ -156,5 +171,6 @@ int main(int argc, char *argv[])
     emit mainObj.refreshLanguage(Tra);
 
     delete splash;
+    giveBackTheStart();
     return QApplication::exec();
 }
