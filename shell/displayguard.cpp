@@ -8,6 +8,7 @@
 namespace {
 
 QtMessageHandler usualHandler = nullptr;
+bool guarding = false;
 
 QString sentence(const QString &toolkitSays)
 {
@@ -23,7 +24,7 @@ QString sentence(const QString &toolkitSays)
 
 void endOnFatal(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    if (type != QtFatalMsg) {
+    if (type != QtFatalMsg || !guarding) {
         usualHandler(type, context, text);
         return;
     }
@@ -35,10 +36,15 @@ void endOnFatal(QtMsgType type, const QMessageLogContext &context, const QString
 
 DisplayGuard::DisplayGuard()
 {
+    guarding = true;
     usualHandler = qInstallMessageHandler(endOnFatal);
 }
 
 DisplayGuard::~DisplayGuard()
 {
-    qInstallMessageHandler(usualHandler);
+    guarding = false;
+    // A plugin of the toolkit may have put a handler of its own before this one meanwhile: it stays.
+    const QtMessageHandler current = qInstallMessageHandler(usualHandler);
+    if (current != endOnFatal)
+        qInstallMessageHandler(current);
 }

@@ -84,6 +84,13 @@ void prepareToolkit()
     prepareLettering();
 }
 
+// The documents' pictures are looked up in twice their size where a screen wants it, a pixmap is not.
+QPixmap launchPicture()
+{
+    return QPixmap(qApp->devicePixelRatio() > 1 ? QStringLiteral(":/img/pc/img_launch_image@2x.png")
+                                                : QStringLiteral(":/img/pc/img_launch_image.png"));
+}
+
 void readyWindow(const QQmlApplicationEngine &engine)
 {
     for (QObject *root : engine.rootObjects()) {
@@ -131,7 +138,7 @@ int main(int argc, char *argv[])
     mainControl mainObj;
 
     auto *splash = new QSplashScreen;
-    splash->setPixmap(QPixmap(QStringLiteral(":/img/pc/img_launch_image.png")));
+    splash->setPixmap(launchPicture());
     splash->show();
 
     QmlTranslator qmlTranslator;

@@ -17,7 +17,10 @@ HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
 IMAGES = ROOT / "resources" / "img"
 SIGNS = ROOT / "resources" / "OpenAngleSigns.ttf"
-ICON_SIZES = (16, 32, 48, 256)
+ICON_SIZES = (16, 24, 32, 48, 64, 128, 256)
+# Each picture at its own size and at twice that, which the toolkit takes on a large screen; with the mark of its name.
+SCALES = {1: "", 2: "@2x"}
+LARGE_LIMIT = 240    # KiB in all for the second scale
 
 sys.dont_write_bytecode = True
 sys.path.insert(0, str(HERE))
@@ -47,7 +50,8 @@ def files():
     """Path and content of every file under resources/img."""
     for folder in FOLDERS:
         for name, paint in painters(folder):
-            yield IMAGES / "pc" / folder / f"{name}.png", picturefile.png(paint().surface)
+            for scale, mark in SCALES.items():
+                yield IMAGES / "pc" / folder / f"{name}{mark}.png", picturefile.png(paint(scale).surface)
     yield IMAGES / "qkv720.ico", picturefile.ico([symbols.icon(size).surface for size in ICON_SIZES])
 
 
@@ -58,14 +62,15 @@ def missing_families():
 
 
 def draw():
-    count = size = 0
+    count = size = large = 0
     for path, data in files():
         path.parent.mkdir(parents=True, exist_ok=True)
         path.write_bytes(data)
         count, size = count + 1, size + len(data)
+        large += len(data) if path.stem.endswith(SCALES[2]) else 0
     SIGNS.write_bytes(signs.font())
-    print(f"{count} pictures, {size / 1024:.0f} KiB")
-    return 0
+    print(f"{count} pictures, {size / 1024:.0f} KiB; {large / 1024:.0f} KiB of them at twice their size")
+    return 0 if large <= LARGE_LIMIT * 1024 else 1
 
 
 def check():

@@ -46,10 +46,10 @@ def switch(state, folder, scale=1):
 
 
 def pictures(folder):
-    """Name and painter of every face with words."""
+    """Name and painter of every face with words; a painter takes the scale to paint in."""
     for name, (states, *_) in WORDS.items():
         for state in states:
-            yield f"btn_{state}_{name}", lambda n=name, s=state: button(n, s, folder)
+            yield f"btn_{state}_{name}", lambda scale, n=name, s=state: button(n, s, folder, scale)
     for state in SWITCHES:
-        yield f"btn_switch_{state}_dashboard", lambda s=state: switch(s, folder)
+        yield f"btn_switch_{state}_dashboard", lambda scale, s=state: switch(s, folder, scale)
     yield "btn_bg_adjust_color", plain

@@ -1,10 +1,20 @@
-"""Pictures as files: PNG in its smallest exact form, and the icon file."""
+"""Pictures as files: PNG in its smallest exact form, and the icon file.
+
+Own encoders, because the libraries at hand write neither form from what is drawn here. cairo writes every picture with
+32 bits a pixel, three times the size of these in all; imaging libraries choose palette, filters and their order by rules
+that change with their version; and none writes an icon file with bitmaps for the small sizes and a PNG for the large one,
+which is what old and new desktops read. The one thing that is left to a library is deflate, and another version of zlib may
+pack the same pixels into other bytes: so files are compared by what they show (see same()), never by their bytes.
+"""
 
 import io
 import struct
 import zlib
 
 import cairo
+
+
+SIGNATURE = b"\x89PNG\r\n\x1a\n"
 
 
 def straight(surface):
@@ -37,6 +47,10 @@ def straight(surface):
 
 def chunk(kind, body):
     return struct.pack(">I", len(body)) + kind + body + struct.pack(">I", zlib.crc32(kind + body))
+
+
+def plain(rows):
+    return b"".join(b"\0" + row for row in rows)
 
 
 def filtered(rows, pixel):
@@ -88,15 +102,15 @@ def png(surface):
         chunks.append(chunk(b"PLTE", b"".join((word >> 8).to_bytes(3, "big") for word in colours)))
         if not opaque:
             chunks.append(chunk(b"tRNS", bytes(word & 0xFF for word in colours if word & 0xFF != 0xFF)))
-        raw = b"".join(b"\0" + line for line in lines)
+        raws = [plain(lines)]
     else:
         depth, kind, size = 8, (2 if opaque else 6), (3 if opaque else 4)
         shift = 8 if opaque else 0
         lines = [b"".join((word >> shift).to_bytes(size, "big") for word in row) for row in rows]
-        raw = filtered(lines, size)
+        raws = [plain(lines), filtered(lines, size)]
     header = struct.pack(">IIBBBBB", width, height, depth, kind, 0, 0, 0)
-    chunks.append(chunk(b"IDAT", zlib.compress(raw, 9)))
-    return b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header) + b"".join(chunks) + chunk(b"IEND", b"")
+    chunks.append(chunk(b"IDAT", min((zlib.compress(raw, 9) for raw in raws), key=len)))
+    return SIGNATURE + chunk(b"IHDR", header) + b"".join(chunks) + chunk(b"IEND", b"")
 
 
 def bitmap(surface):
@@ -127,9 +141,22 @@ def same(path, data):
         found = stored.read()
     if found == data:
         return True
-    if path.suffix != ".png":
+    first, second = (parts(content) if path.suffix == ".ico" else [content] for content in (found, data))
+    return len(first) == len(second) and all(same_image(*pair) for pair in zip(first, second))
+
+
+def parts(icon):
+    """The pictures of an icon file."""
+    count = struct.unpack_from("<H", icon, 4)[0]
+    places = (struct.unpack_from("<II", icon, 6 + 16 * at + 8) for at in range(count))
+    return [icon[offset:offset + size] for size, offset in places]
+
+
+def same_image(found, data):
+    if found == data:
+        return True
+    if not (found.startswith(SIGNATURE) and data.startswith(SIGNATURE)):
         return False
-    # Another compressor may write other bytes for the same pixels.
     first, second = (cairo.ImageSurface.create_from_png(io.BytesIO(content)) for content in (found, data))
     if (first.get_width(), first.get_height()) != (second.get_width(), second.get_height()):
         return False

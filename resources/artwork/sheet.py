@@ -27,7 +27,7 @@ def order(entry):
 def placed(painters):
     """Column and row for each picture, in the order of their names; and the height of the whole."""
     places, x, y, row_height = [], GAP, 64, 0
-    entries = sorted(((name, paint().surface) for name, paint in painters), key=order)
+    entries = sorted(((name, paint(1).surface) for name, paint in painters), key=order)
     for name, surface in entries:
         factor = 0.5 if shrunk(surface) else 1
         width, height = surface.get_width() * factor, surface.get_height() * factor

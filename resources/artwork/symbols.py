@@ -255,23 +255,23 @@ def icon(size):
 
 def pictures():
     for state in "np":
-        yield f"btn_{state}_connect_dashboard", lambda s=state: connect(s)
-        yield f"btn_{state}_menu_dashboard", lambda s=state: menu(s)
-        yield f"btn_{state}_checkbox_output", lambda s=state: checkbox(s)
+        yield f"btn_{state}_connect_dashboard", lambda scale, s=state: connect(s, scale)
+        yield f"btn_{state}_menu_dashboard", lambda scale, s=state: menu(s, scale)
+        yield f"btn_{state}_checkbox_output", lambda scale, s=state: checkbox(s, scale)
     for state in "npd":
-        yield f"btn_{state}_setup_dashboard", lambda s=state: setup(s)
+        yield f"btn_{state}_setup_dashboard", lambda scale, s=state: setup(s, scale)
         for sign in ("increase", "reduce"):
-            yield f"btn_{state}_{sign}_s_chromakey", lambda k=sign, s=state: step(k, s)
+            yield f"btn_{state}_{sign}_s_chromakey", lambda scale, k=sign, s=state: step(k, s, scale)
     for state in "nd":
-        yield f"btn_{state}_slider_chromakey", lambda s=state: handle(s)
-        yield f"btn_{state}_pickcolor_chromakey", lambda s=state: pen(s)
+        yield f"btn_{state}_slider_chromakey", lambda scale, s=state: handle(s, scale)
+        yield f"btn_{state}_pickcolor_chromakey", lambda scale, s=state: pen(s, scale)
     for state in "npsd":
-        yield f"btn_{state}_radio_lumakey", lambda s=state: radio(s)
+        yield f"btn_{state}_radio_lumakey", lambda scale, s=state: radio(s, scale)
     for kind in ("error", "info", "question", "success"):
-        yield f"img_notify_{kind}", lambda k=kind: notify(k)
+        yield f"img_notify_{kind}", lambda scale, k=kind: notify(k, scale)
     yield "btn_n_close_dialog", close
-    yield "btn_n_hide_dashboard", lambda: fold("hide")
-    yield "btn_n_show_dashboard", lambda: fold("show")
+    yield "btn_n_hide_dashboard", lambda scale: fold("hide", scale)
+    yield "btn_n_show_dashboard", lambda scale: fold("show", scale)
     yield "ico_alert", alert
     yield "icon_drop_nav", drop_nav
     yield "icon_lock_output", lock_closed

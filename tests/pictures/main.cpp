@@ -1,13 +1,20 @@
-// Puts the real window into every state that an operator can see, in every language, and writes one picture for
-// each, or compares it with the one that a folder keeps.
+// Puts the real window into every state that an operator can see, in every language, and holds its picture against
+// the one that is kept, or against those of another build.
 //
-//     panel_pictures write FOLDER
-//     panel_pictures compare FOLDER [--differences FOLDER] [--tolerance 0]
+//     panel_pictures keep ALBUMS       writes the kept pictures anew, an album for each language
+//     panel_pictures check ALBUMS      compares with them
+//     panel_pictures write FOLDER      writes a picture file for each state
+//     panel_pictures compare FOLDER    compares with such files
 //     panel_pictures list
 //
-// --state and --language take a part of the states alone. The exit code is 0 if nothing differs, no state fails to
-// come to rest, no two states of a language look alike and the panel has warned of nothing.
+// --state and --language take a part of the states alone, --part 2/3 every third of them from the second on; --scale 2
+// draws for a screen of two dots a pixel, with the states that are kept for it. What differs goes to --differences: the
+// picture expected, the one seen, and the first dimmed with the dots that differ in red.
+//
+// In every state the texts are looked at, too: see textfaults.h. The exit code is 0 if nothing differs, no text is at
+// fault, no state fails to come to rest, no two states of a language look alike and the panel has warned of nothing.
 
+#include "album.h"
 #include "comparison.h"
 #include "states.h"
 
@@ -19,13 +26,24 @@
 
 namespace {
 
+// A dozen, with each kind of ground, text and picture among them.
+const char kLargeStates[] = "^(connect-marked|chroma|picker|factory-question)$";
+
 struct Task
 {
-    bool write = false;
+    QString command;
     QDir folder;
     QDir differences;
     bool keepDifferences = false;
     int tolerance = 0;
+    QString scale;
+
+    bool isWriting() const { return command == QLatin1String("write") || command == QLatin1String("keep"); }
+    bool hasAlbum() const { return command == QLatin1String("check") || command == QLatin1String("keep"); }
+    QString albumOf(const QString &language) const
+    {
+        return scale == QLatin1String("1") ? language : QStringLiteral("%1@%2x").arg(language, scale);
+    }
 };
 
 // At once, for a run of minutes is watched.
@@ -35,12 +53,17 @@ void say(const QString &line)
     fflush(stdout);
 }
 
-bool inspect(const Task &task, const QString &name, const QImage &picture)
+bool inspect(const Task &task, Album *album, const State &state, const QString &name, const QImage &picture)
 {
     const QString file = name + QStringLiteral(".png");
-    if (task.write)
+    if (task.command == QLatin1String("keep"))
+        album->put(QLatin1String(state.name), picture);
+    if (task.command == QLatin1String("write"))
         return picture.save(task.folder.filePath(file));
-    const QImage kept(task.folder.filePath(file));
+    if (task.isWriting())
+        return true;
+    const QImage kept =
+        task.hasAlbum() ? album->picture(QLatin1String(state.name)) : QImage(task.folder.filePath(file));
     if (kept.isNull()) {
         say(name + ": no picture to compare with");
         return false;
@@ -48,21 +71,53 @@ bool inspect(const Task &task, const QString &name, const QImage &picture)
     const Comparison found = compare(kept, picture, task.tolerance);
     if (found.dots == 0)
         return true;
-    say(QStringLiteral("%1: %2 dots differ").arg(name).arg(found.dots));
+    const QRect where = found.where;
+    say(QStringLiteral("%1: %2 dots differ, all in %3x%4 at %5,%6")
+            .arg(name)
+            .arg(found.dots)
+            .arg(where.width())
+            .arg(where.height())
+            .arg(where.x())
+            .arg(where.y()));
     if (task.keepDifferences) {
-        found.difference.save(task.differences.filePath(name + QStringLiteral("-difference.png")));
-        picture.save(task.differences.filePath(file));
+        const auto place = [&](const char *what) {
+            return task.differences.filePath(QStringLiteral("%1-%2.png").arg(name, QLatin1String(what)));
+        };
+        kept.save(place("expected"));
+        picture.save(place("seen"));
+        found.difference.save(place("difference"));
     }
     return false;
 }
 
-// How many pictures are wrong.
+// What is wrong with one state beside its picture.
+QStringList complaints(const Scene &scene, const QImage &picture, const QString &name,
+                       QHash<QByteArray, QString> *seen)
+{
+    QStringList all = scene.faults();
+    for (const QString &warning : Messages::warnings())
+        all << "warns: " + warning;
+    const auto bits = QByteArray::fromRawData(reinterpret_cast<const char *>(picture.constBits()),
+                                              int(picture.sizeInBytes()));
+    const QByteArray hash = QCryptographicHash::hash(bits, QCryptographicHash::Md5);
+    if (seen->contains(hash))
+        all << "looks like " + seen->value(hash);
+    seen->insert(hash, name);
+    return all;
+}
+
+// How many states are wrong.
 int draw(const Task &task, const QString &language, const QVector<State> &states)
 {
+    Album album(task.folder, task.albumOf(language));
+    if (task.command == QLatin1String("check") && !album.read()) {
+        say(task.albumOf(language) + ": no album, or none that can be read");
+        return int(states.size());
+    }
     int wrong = 0;
     QHash<QByteArray, QString> seen;
     for (const State &state : states) {
-        const QString name = language + QLatin1Char('-') + QLatin1String(state.name);
+        const QString name = task.albumOf(language) + QLatin1Char('-') + QLatin1String(state.name);
         Scene scene(language);
         state.enter(scene);
         const QImage picture = scene.grab();
@@ -71,67 +126,86 @@ int draw(const Task &task, const QString &language, const QVector<State> &states
             ++wrong;
             continue;
         }
-        const QByteArray bits(reinterpret_cast<const char *>(picture.constBits()),
-                              int(picture.sizeInBytes()));
-        const QByteArray hash = QCryptographicHash::hash(bits, QCryptographicHash::Sha1);
-        if (seen.contains(hash)) {
-            say(name + ": looks like " + seen.value(hash));
-            ++wrong;
-        }
-        seen.insert(hash, name);
-        for (const QString &warning : Messages::warnings()) {
-            say(name + ": warns: " + warning);
-            ++wrong;
-        }
-        wrong += inspect(task, name, picture) ? 0 : 1;
+        const QStringList faults = complaints(scene, picture, name, &seen);
+        for (const QString &fault : faults)
+            say(name + ": " + fault);
+        const bool good = inspect(task, &album, state, name, picture);
+        wrong += good && faults.isEmpty() ? 0 : 1;
+    }
+    if (task.command == QLatin1String("keep") && !album.write()) {
+        say(task.albumOf(language) + ": cannot be written");
+        ++wrong;
     }
     return wrong;
 }
 
-QVector<State> statesLike(const QString &pattern)
+// PART is "2/3": every third state, from the second on.
+QVector<State> statesLike(const QString &pattern, const QString &part)
 {
     const QRegularExpression wanted(pattern);
+    const int which = part.section(QLatin1Char('/'), 0, 0).toInt();
+    const int parts = part.section(QLatin1Char('/'), 1, 1).toInt();
     QVector<State> chosen;
+    int number = 0;
     for (const State &state : windowStates() + pageStates() + chromakeyStates()) {
-        if (wanted.match(QLatin1String(state.name)).hasMatch())
+        if (!wanted.match(QLatin1String(state.name)).hasMatch())
+            continue;
+        if (parts <= 0 || number++ % parts + 1 == which)
             chosen << state;
     }
     return chosen;
+}
+
+// The scale is the application object's affair, which is made before any option is read.
+QString scaleIn(int argc, char **argv)
+{
+    for (int at = 1; at + 1 < argc; ++at) {
+        if (qstrcmp(argv[at], "--scale") == 0)
+            return QString::fromLocal8Bit(argv[at + 1]);
+    }
+    return QStringLiteral("1");
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
+    const QString scale = scaleIn(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_QUICK_BACKEND", "software");
+    qputenv("QT_SCALE_FACTOR", scale.toLatin1());
     QApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.addPositionalArgument("command", "write, compare or list");
+    parser.addPositionalArgument("command", "keep, check, write, compare or list");
     parser.addPositionalArgument("folder", "where the pictures are kept");
-    parser.addOptions({{"state", "Only states whose name matches.", "pattern", ""},
+    parser.addOptions({{"state", "Only states whose name matches.", "pattern",
+                        scale == QLatin1String("1") ? "" : kLargeStates},
                        {"language", "Only this language: en_US, zh_TW or zh_CN.", "code"},
+                       {"part", "Only a part of the states, such as 2/3.", "part"},
+                       {"scale", "Dots to a pixel.", "number", "1"},
                        {"differences", "Where to write what differs.", "folder"},
                        {"tolerance", "How much a channel of a dot may differ.", "number", "0"}});
     parser.addHelpOption();
     parser.process(application);
 
     const QStringList arguments = parser.positionalArguments();
-    const QVector<State> states = statesLike(parser.value("state"));
+    const QVector<State> states = statesLike(parser.value("state"), parser.value("part"));
     if (arguments == QStringList{"list"}) {
         for (const State &state : states)
             say(state.name);
         return 0;
     }
-    if (arguments.size() != 2 || !QStringList({"write", "compare"}).contains(arguments.first()))
+    const QStringList commands{"keep", "check", "write", "compare"};
+    if (arguments.size() != 2 || !commands.contains(arguments.first()))
         parser.showHelp(2);
 
     Task task;
-    task.write = arguments.first() == QLatin1String("write");
+    task.command = arguments.first();
     task.folder = QDir(QDir(arguments.at(1)).absolutePath());
     task.keepDifferences = parser.isSet("differences");
     task.differences = QDir(QDir(parser.value("differences")).absolutePath());
     task.tolerance = parser.value("tolerance").toInt();
+    task.scale = scale;
     for (const QDir &folder : {task.folder, task.differences})
         folder.mkpath(QStringLiteral("."));
 

@@ -1,6 +1,9 @@
 #include "scene.h"
 
+#include "textfaults.h"
+
 #include <QGuiApplication>
+#include <QScreen>
 #include <QStyleHints>
 
 namespace {
@@ -12,7 +15,10 @@ constexpr QPoint kReset(1045, 37);
 // A corner where nothing answers to the pointer.
 constexpr QPoint kNowhere(1364, 766);
 
-constexpr int kGrabs = 60;
+constexpr QSize kWindow(1366, 768);
+
+constexpr int kGrabs = 100;
+constexpr int kBetweenGrabsMs = 25; // longer than a frame, so that what moves shows as a difference
 
 QQuickItem *firstResolving(QQuickItem *below, const QString &expression, QVariant *value)
 {
@@ -38,6 +44,8 @@ Scene::Scene(const QString &language)
     QGuiApplication::styleHints()->setCursorFlashTime(0);
     if (!m_panel.show())
         qFatal("the window does not show");
+    // The platform without a display takes the first size that a window asks for as dots.
+    m_panel.window->resize(kWindow);
     emit facade.refreshLanguage(language);
     awaitOpened(QStringLiteral("popupMask"));
 }
@@ -211,18 +219,28 @@ void Scene::holdMask(double arrow)
     eval(QStringLiteral("maskbusy.contentItem.children[0].rotation = 0"));
 }
 
+QStringList Scene::faults() const
+{
+    QStringList all = textFaults(*m_panel.window);
+    if (m_panel.window->effectiveDevicePixelRatio() > 1)
+        all << softPictures(*m_panel.window);
+    return all;
+}
+
 QImage Scene::grab()
 {
     if (!m_holding)
         QTest::mouseMove(m_panel.window, kNowhere);
+    const QSize dots = kWindow * m_panel.window->effectiveDevicePixelRatio();
     QImage last;
     for (int i = 0; i < kGrabs; ++i) {
-        QTest::qWait(40);
-        const auto result = m_panel.window->contentItem()->grabToImage();
-        QSignalSpy ready(result.data(), &QQuickItemGrabResult::ready);
-        if (!ready.wait(5000))
+        QTest::qWait(kBetweenGrabsMs);
+        // What stands in the window's own store: drawn once, and in the dots of the screen.
+        const QPixmap store =
+            m_panel.window->screen()->grabWindow(m_panel.window->winId(), 0, 0, dots.width(), dots.height());
+        const QImage image = store.toImage().convertToFormat(QImage::Format_RGB32);
+        if (image.isNull())
             return {};
-        const QImage image = result->image().convertToFormat(QImage::Format_RGB32);
         if (image == last)
             return image;
         last = image;

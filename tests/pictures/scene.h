@@ -48,6 +48,9 @@ public:
     // What moves for ever stands still: the mask's arrow at this opacity, and its spinner upright.
     void holdMask(double arrow);
 
+    // What is wrong with the texts in it, and with its pictures on a screen of more than one dot a pixel.
+    QStringList faults() const;
+
     // The whole window with its popups, once two grabs in a row are equal; null if it never comes to rest.
     QImage grab();
 

@@ -120,6 +120,29 @@ private slots:
                  qPrintable(panel.output()));
     }
 
+    void theSplashIsSharpOnEveryScreen_data()
+    {
+        QTest::addColumn<QString>("scale");
+        QTest::addColumn<QString>("splash");
+        QTest::newRow("small") << "1"
+                               << "splash of 640x360 on 640x360";
+        QTest::newRow("large") << "2"
+                               << "splash of 1280x720 on 640x360";
+    }
+
+    void theSplashIsSharpOnEveryScreen()
+    {
+        QFETCH(QString, scale);
+        QFETCH(QString, splash);
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), kLocale,
+                  [&](QProcessEnvironment &environment) {
+                      observed("OBSERVER_CLOSE_AT", kStarted)(environment);
+                      environment.insert(QStringLiteral("QT_SCALE_FACTOR"), scale);
+                  });
+        QVERIFY2(panel.ended(), qPrintable(panel.output()));
+        QVERIFY2(panel.output().contains(QStringLiteral("observer:") + splash), qPrintable(panel.output()));
+    }
+
     void iconAndFontAreThere()
     {
         Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), kLocale,

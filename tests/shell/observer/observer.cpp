@@ -10,6 +10,7 @@
 #include <QFont>
 #include <QGenericPlugin>
 #include <QIcon>
+#include <QSplashScreen>
 #include <QTimer>
 #include <QWindow>
 
@@ -25,6 +26,11 @@ QByteArray closeAt;
 void say(const QByteArray &text)
 {
     std::fprintf(stderr, "observer:%s\n", text.constData());
+}
+
+QByteArray sizeText(QSize size)
+{
+    return QByteArray::number(size.width()) + 'x' + QByteArray::number(size.height());
 }
 
 void closeTheWindow()
@@ -62,7 +68,9 @@ class Watch : public QObject
 public:
     bool eventFilter(QObject *object, QEvent *event) override
     {
-        Q_UNUSED(event)
+        const auto *splash = qobject_cast<const QSplashScreen *>(object);
+        if (splash && event->type() == QEvent::Show)
+            say("splash of " + sizeText(splash->pixmap().size()) + " on " + sizeText(splash->size()));
         const QByteArray role = roleOf(*object);
         if (!role.isEmpty() && !object->property("observed").toBool()) {
             object->setProperty("observed", true);
