@@ -17,7 +17,8 @@ T.ComboBox {
 
     font.pixelSize: 18
     spacing: 6
-    rightPadding: indicator.width + spacing
+    // Beyond what the text keeps free for the arrow: the arrow stands a little off the edge.
+    rightPadding: 5
 
     delegate: T.ItemDelegate {
         width: thiscombo.width

@@ -117,8 +117,8 @@ void compareGrounds(Screen *screen)
             const QRectF common = text.box & ground.box;
             if (text.layer != ground.layer || common.width() <= kRounding || common.height() <= kRounding)
                 continue;
-            const QRectF inside = text.box.adjusted(kRounding, kRounding, -kRounding, -kRounding);
-            if (!ground.box.contains(inside))
+            const QRectF whole = ground.box.adjusted(-kRounding, -kRounding, kRounding, kRounding);
+            if (!whole.contains(text.box))
                 screen->faults << QStringLiteral("'%1' at %2 crosses the edge of %3 at %4")
                                       .arg(text.text, placeText(text.box),
                                            QString::fromLatin1(ground.item->metaObject()->className()),
