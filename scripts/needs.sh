@@ -55,6 +55,7 @@ python3-pil                         its pictures, cut from those of the panel
 needs_to_lint='
 clang-tidy                          the habits of the code
 shellcheck                          the habits of the scripts
+git                                 which files there are
 '
 needs_to_package='
 dpkg-dev                            finds the libraries that the package depends on
@@ -69,6 +70,7 @@ debootstrap                         a bare Debian to install the package in
 xvfb                                a virtual display
 xauth                               a virtual display
 imagemagick                         looks at the screen
+git                                 the commit that is built
 '
 needs_to_fuzz='
 clang                               libFuzzer
