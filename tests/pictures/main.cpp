@@ -27,7 +27,9 @@
 namespace {
 
 // A dozen, with each kind of ground, text and picture among them.
-const char kLargeStates[] = "^(connect-marked|chroma|picker|factory-question)$";
+const char kLargeStates[] =
+    "^(start|connect-marked|setup|factory-question|warning|input-sources|chroma|picker|post-off|"
+    "garbage|holdout-inverted|luma)$";
 
 struct Task
 {

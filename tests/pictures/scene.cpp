@@ -3,6 +3,7 @@
 #include "textfaults.h"
 
 #include <QGuiApplication>
+#include <QQuickItemGrabResult>
 #include <QScreen>
 #include <QStyleHints>
 
@@ -227,18 +228,32 @@ QStringList Scene::faults() const
     return all;
 }
 
+QImage Scene::drawn() const
+{
+    QQuickWindow &window = *m_panel.window;
+    if (window.effectiveDevicePixelRatio() > 1) {
+        // The platform without a display gives away only as many dots of its store as the window has pixels.
+        const QSharedPointer<QQuickItemGrabResult> result =
+            window.contentItem()->grabToImage(kWindow * window.effectiveDevicePixelRatio());
+        QSignalSpy ready(result.data(), &QQuickItemGrabResult::ready);
+        if (!ready.wait())
+            return {};
+        return result->image().convertToFormat(QImage::Format_RGB32);
+    }
+    // What stands in the window's own store: drawn once, and in the dots of the screen.
+    const QPixmap store =
+        window.screen()->grabWindow(window.winId(), 0, 0, kWindow.width(), kWindow.height());
+    return store.toImage().convertToFormat(QImage::Format_RGB32);
+}
+
 QImage Scene::grab()
 {
     if (!m_holding)
         QTest::mouseMove(m_panel.window, kNowhere);
-    const QSize dots = kWindow * m_panel.window->effectiveDevicePixelRatio();
     QImage last;
     for (int i = 0; i < kGrabs; ++i) {
         QTest::qWait(kBetweenGrabsMs);
-        // What stands in the window's own store: drawn once, and in the dots of the screen.
-        const QPixmap store =
-            m_panel.window->screen()->grabWindow(m_panel.window->winId(), 0, 0, dots.width(), dots.height());
-        const QImage image = store.toImage().convertToFormat(QImage::Format_RGB32);
+        const QImage image = drawn();
         if (image.isNull())
             return {};
         if (image == last)

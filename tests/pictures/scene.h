@@ -58,6 +58,8 @@ public:
 
 private:
     void pressAt(const QPoint &place);
+    // The window as it is now.
+    QImage drawn() const;
     // Columns take their height with the next frame, and a fold goes on for some more.
     static void awaitLayout(const QQuickItem *view);
     static QPoint placeIn(QQuickItem *target, const QPoint &place);
