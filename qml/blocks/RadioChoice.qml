@@ -28,14 +28,14 @@ Item {
 
     width: 186
     height: 34
-    activeFocusOnTab: live
+    enabled: live
+    activeFocusOnTab: true
 
     Image {
         id: mark
         anchors.verticalCenter: parent.verticalCenter
         width: 26
         height: 26
-        enabled: radioChoice.live
         source: "qrc:/img/pc/btn_n_radio_lumakey.png"
 
         MouseArea {
@@ -49,7 +49,6 @@ Item {
         id: word
         x: 36
         width: 150
-        enabled: radioChoice.live
         color: Look.text(radioChoice.live)
 
         MouseArea {

@@ -14,6 +14,7 @@ private slots:
     void numbersBringPages();
     void shortcutsRestUnderMaskAndPopups();
     void hiddenControlHearsNoKey();
+    void deadChoiceHearsNoKey();
     void heldKeyIsOnePress();
     void leavingWhileHeldIsNoClick();
     void sliderKeys();
@@ -114,6 +115,20 @@ void TestKeys::hiddenControlHearsNoKey()
         w->key(key);
     QCOMPARE(w->calls(), QStringList());
     QCOMPARE(w->panel.text("pageGM.windowLeft.textValue"), QStringLiteral("110"));
+}
+
+// What the unit reports may switch the key off while the keyboard stands at its choices.
+void TestKeys::deadChoiceHearsNoKey()
+{
+    w->enter("aux lumakey");
+    w->focus(item("pageAL.btnAuxLumakeyKeymodeWhiteImage.parent"));
+    emit w->facade.refreshLumaKey(false, 0, 10, 20, 0, 5, 80);
+    w->calls();
+    w->facade.forget();
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return})
+        w->key(key);
+    QCOMPARE(w->calls(), QStringList());
+    QCOMPARE(w->panel.face("pageAL.btnAuxLumakeyKeymodeWhiteImage"), QStringLiteral("btn_d_radio_lumakey"));
 }
 
 void TestKeys::heldKeyIsOnePress()
