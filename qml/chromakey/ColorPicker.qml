@@ -108,9 +108,13 @@ PopupFrame {
     function settle() {
         if (!steering)
             return
-        steering = false
-        timerMouseMovingCommand.stop()
+        stopMoving()
         placeCursor()
+    }
+
+    function stopMoving() {
+        timerMouseMovingCommand.stop()
+        steering = false
     }
 
     function accept() {
@@ -144,10 +148,7 @@ PopupFrame {
     height: 522
     closable: false
     closePolicy: T.Popup.CloseOnEscape
-    onClosed: {
-        timerMouseMovingCommand.stop()
-        steering = false
-    }
+    onClosed: stopMoving()
 
     Timer {
         id: timerMouseMovingCommand
@@ -209,6 +210,11 @@ PopupFrame {
         Keys.onReleased: {
             if (!event.isAutoRepeat)
                 settle()
+        }
+        // The release of a key that is held will be heard elsewhere.
+        onActiveFocusChanged: {
+            if (!activeFocus && steering)
+                stopMoving()
         }
 
         MouseArea {

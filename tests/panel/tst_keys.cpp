@@ -20,6 +20,7 @@ private slots:
     void sliderKeys();
     void padKeys();
     void heldArrowIsPacedLikeADrag();
+    void heldArrowEndsWithTheFocus();
     void padEnterIsOkAndEscapeLeavesTheCursor();
     void hoverShowsWhatCanBePressed();
     void hoverRestsUnderPopupsAndWhileHeld();
@@ -240,6 +241,20 @@ void TestKeys::heldArrowIsPacedLikeADrag()
     QCOMPARE(w->facade.calls, QStringList("setCursorData(3, 21, 0)"));
     QTest::qWait(300);
     QCOMPARE(w->facade.calls.size(), 1);
+}
+
+// The release of the key is heard elsewhere then, and the commands must not go on without it.
+void TestKeys::heldArrowEndsWithTheFocus()
+{
+    w->enter("picker");
+    QTest::keyPress(w->panel.window, Qt::Key_Right);
+    QKeyEvent again(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(w->panel.window, &again);
+    w->key(Qt::Key_Tab);
+    QTest::keyRelease(w->panel.window, Qt::Key_Right);
+    w->facade.forget();
+    QTest::qWait(500);
+    QCOMPARE(w->facade.calls, QStringList());
 }
 
 void TestKeys::padEnterIsOkAndEscapeLeavesTheCursor()
