@@ -23,6 +23,17 @@ T.Popup {
         opacity: 0.75
     }
 
+    // A notice that closes over the mask may leave the keyboard to nobody, and from there the Tab key would find what
+    // lies under the mask.
+    Connections {
+        target: mainWindow
+        enabled: startMask.visible
+        onActiveFocusItemChanged: {
+            if (mainWindow.activeFocusItem === mainWindow.contentItem.parent)
+                startMask.forceActiveFocus()
+        }
+    }
+
     contentItem: Item {
         // The header is free, and the keyboard goes there.
         focus: true

@@ -13,6 +13,8 @@ private slots:
     void functionKeysOpenThePanels();
     void numbersBringPages();
     void shortcutsRestUnderMaskAndPopups();
+    void maskKeepsTheKeyboard_data();
+    void maskKeepsTheKeyboard();
     void hiddenControlHearsNoKey();
     void deadChoiceHearsNoKey();
     void heldKeyIsOnePress();
@@ -103,6 +105,41 @@ void TestKeys::shortcutsRestUnderMaskAndPopups()
         QCOMPARE(w->panel.number("tabPageID"), page);
         QCOMPARE(w->facade.calls, QStringList());
     }
+}
+
+void TestKeys::maskKeepsTheKeyboard_data()
+{
+    QTest::addColumn<QString>("opening");
+    QTest::addColumn<QString>("notice");
+    QTest::newRow("disconnected by hand")
+        << "popupConnect.open(); popupMask.open(); popupDisConnect.open(); popupConnect.close()"
+        << "popupDisConnect";
+    QTest::newRow("lost while connecting")
+        << "popupMask.open(); popupConnect.open(); popupConnect.close(); popupWarning.open()"
+        << "popupWarning";
+}
+
+// A notice over the mask is closed: what lies under the mask must not be reached from nowhere.
+void TestKeys::maskKeepsTheKeyboard()
+{
+    QFETCH(QString, opening);
+    QFETCH(QString, notice);
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Return}) {
+        w->enter("window");
+        w->focus(item("outputMemoryLoad"));
+        w->panel.eval(opening);
+        QVERIFY(w->panel.standsOpen(notice));
+        w->key(Qt::Key_Escape);
+        QVERIFY(w->panel.standsClosed(notice));
+        QVERIFY(w->panel.flag("popupMask.visible"));
+        for (int i = 0; i < 5 && key != Qt::Key_Return; ++i) {
+            w->key(key);
+            QVERIFY2(item("recHeader")->isAncestorOf(w->focused()),
+                     qPrintable(Workplace::nameOf(w->focused())));
+        }
+    }
+    w->key(Qt::Key_Return);
+    QVERIFY(w->panel.standsOpen("popupConnect"));
 }
 
 // The mouse changes the page and leaves the keyboard in a field that is no longer seen.
