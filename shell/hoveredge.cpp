@@ -60,6 +60,8 @@ HoverEdge::HoverEdge(QQuickWindow *window)
     , m_edge(window, QUrl(QStringLiteral("qrc:/blocks/HoverEdge.qml")), this)
 {
     window->installEventFilter(this);
+    // A popup that opens by itself or by a shortcut lies over what the mouse points at.
+    connect(window, &QQuickWindow::activeFocusItemChanged, this, [this] { m_edge.surround(nullptr); });
 }
 
 bool HoverEdge::eventFilter(QObject *watched, QEvent *event)
