@@ -10,9 +10,14 @@ namespace {
 
 constexpr qreal kPageStep = 10;
 
+bool isEnter(int key)
+{
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
 bool isPressKey(int key)
 {
-    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter;
+    return key == Qt::Key_Space || isEnter(key);
 }
 
 bool isMouseArea(const QQuickItem *item)
@@ -121,6 +126,9 @@ bool PressKeys::keyPressed(const QKeyEvent &key)
     // A page that was left by a click keeps the focus that it had; nobody means what is not seen.
     if (!focus->isVisible())
         return key.key() != Qt::Key_Tab && key.key() != Qt::Key_Backtab;
+    // A field commits at each Enter, and each commit is exchanges with the unit that block the panel.
+    if (key.isAutoRepeat() && isEnter(key.key()))
+        return true;
     if (key.modifiers() & ~Qt::KeypadModifier)
         return false;
     const QVariant value = sliderValue(focus, key.key());

@@ -11,7 +11,8 @@ class QQuickWindow;
 // The keys beside the mouse. Space and Enter press the control that has the focus, as long as they are held and once
 // for each press, however long: a picture with a mouse area is pressed and let go in its middle, so that the very
 // handlers run that the mouse runs, in their order. On a slider the arrows move by 1, Page Up and Page Down by 10, Home
-// and End to the ends; it sends as it does for the mouse. Fields and open lists keep their own keys.
+// and End to the ends; it sends as it does for the mouse. Fields and open lists keep their own keys, but hear Enter
+// once for each press as well.
 //
 // What is pressed is the item with the focus or, where that is the ground of several, the mouse area that it names as
 // "pressArea".

@@ -25,6 +25,7 @@ Image {
 
     Shortcut {
         sequence: "Ctrl+" + menuEntry.page
+        autoRepeat: false
         enabled: !popupMask.visible
         onActivated: goToPage(menuEntry.page)
     }

@@ -71,11 +71,13 @@ Image {
 
     Shortcut {
         sequence: "F2"
+        autoRepeat: false
         onActivated: btnConnect.clicked()
     }
 
     Shortcut {
         sequence: "F3"
+        autoRepeat: false
         enabled: btnSetup.enabled
         onActivated: btnSetup.clicked()
     }

@@ -18,6 +18,8 @@ private slots:
     void hiddenControlHearsNoKey();
     void deadChoiceHearsNoKey();
     void heldKeyIsOnePress();
+    void heldEnterCommitsOnce();
+    void heldShortcutIsOne();
     void leavingWhileHeldIsNoClick();
     void sliderKeys();
     void padKeys();
@@ -192,6 +194,34 @@ void TestKeys::heldKeyIsOnePress()
         QVERIFY(hold("outputMemoryLoad", key));
         QCOMPARE(w->facade.calls, QStringList("loadMemory(3)"));
     }
+}
+
+// Each commit of a number is an exchange with the unit that blocks the panel.
+void TestKeys::heldEnterCommitsOnce()
+{
+    w->enter("garbage mask");
+    w->focus(item("pageGM.windowLeft.itemText"));
+    w->panel.eval("pageGM.windowLeft.itemText.text = '123'");
+    w->key(Qt::Key_Return);
+    const QStringList once = w->calls();
+    QVERIFY(!once.isEmpty());
+    w->panel.eval("pageGM.windowLeft.sliderValue = 110");
+    w->calls();
+    w->facade.forget();
+    w->panel.eval("pageGM.windowLeft.itemText.text = '123'");
+    for (const bool repeated : {false, true, true, true})
+        QTest::simulateEvent(w->panel.window, true, Qt::Key_Return, Qt::NoModifier, QString(), repeated);
+    QTest::keyRelease(w->panel.window, Qt::Key_Return);
+    QCOMPARE(w->calls(), once);
+}
+
+void TestKeys::heldShortcutIsOne()
+{
+    w->enter("window");
+    for (const bool repeated : {false, true, true, true})
+        QTest::simulateEvent(w->panel.window, true, Qt::Key_4, Qt::ControlModifier, QString(), repeated);
+    QTest::keyRelease(w->panel.window, Qt::Key_4, Qt::ControlModifier);
+    QCOMPARE(w->facade.calls, QStringList("setCurrentPage(4)"));
 }
 
 void TestKeys::leavingWhileHeldIsNoClick()
