@@ -37,5 +37,6 @@ ExitCode loadShowFile(Session &session);
 ExitCode compareShows(Session &session);
 ExitCode printSchema(Session &session);
 ExitCode watch(Session &session);
+ExitCode monitor(Session &session);
 
 } // namespace ctl

@@ -37,6 +37,8 @@ const QVector<Command> &commands()
          compareShows},
         {"show schema", "", "The schema of these files; needs no unit.", 0, 0, printSchema},
         {"watch", "", "One line for each field that changes, until it is interrupted.", 0, 0, watch},
+        {"monitor", "[COMMAND...]",
+         "Each frame and reply of a command, or of the panel's poll until interrupted.", 0, kAny, monitor},
     };
     return list;
 }
@@ -55,7 +57,7 @@ Options::Options()
         {text("only"), text("Of a show, only these functions; apart by commas."), text("functions")},
         {text("dry-run"), text("Of show load: tell what would be sent, and send nothing.")},
         {text("adapter"), text("Of discover: scan on this adapter alone."), text("name or address")},
-        {text("interval"), text("Of watch: look so often [1000]."), text("ms"), text("1000")},
+        {text("interval"), text("Of watch and monitor: look so often [1000]."), text("ms"), text("1000")},
         {text("all"), text("Of watch: every function, not only inputs, genlock and output format.")},
         {text("timeout"), text("Give up after so long."), text("seconds")},
         {text("verbose"), text("Show the log of the link on standard error.")},
@@ -138,17 +140,22 @@ QString Options::readTimes()
 
 QString Options::readCommand(const QStringList &words)
 {
+    m_request.arguments = words;
+    return findCommand(m_request.arguments, m_command);
+}
+
+QString findCommand(QStringList &words, const Command *&command)
+{
     if (words.isEmpty())
         return QStringLiteral("a command is missing; --help lists them");
-    for (const Command &command : commands()) {
-        const QStringList name = QString::fromLatin1(command.words).split(QLatin1Char(' '));
+    for (const Command &one : commands()) {
+        const QStringList name = QString::fromLatin1(one.words).split(QLatin1Char(' '));
         if (words.mid(0, name.size()) != name)
             continue;
-        m_command = &command;
-        m_request.arguments = words.mid(name.size());
-        const int count = m_request.arguments.size();
-        if (count < command.least || count > command.most)
-            return QStringLiteral("usage: qkv720ctl ") + line(command);
+        command = &one;
+        words = words.mid(name.size());
+        if (words.size() < one.least || words.size() > one.most)
+            return QStringLiteral("usage: qkv720ctl ") + line(one);
         return {};
     }
     return QStringLiteral("%1: no such command; --help lists them")

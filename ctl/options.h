@@ -32,4 +32,8 @@ private:
     Request m_request;
 };
 
+// The command that `words` begin with; its own words are taken away. An empty result is success, any other says what
+// is wrong, also with the number of arguments.
+QString findCommand(QStringList &words, const Command *&command);
+
 } // namespace ctl

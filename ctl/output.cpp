@@ -18,6 +18,8 @@ void put(FILE *stream, const QByteArray &text)
     std::fflush(stream);
 }
 
+bool dropsResults = false;
+
 void drop(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString & /*text*/) { }
 
 void show(QtMsgType /*type*/, const QMessageLogContext & /*context*/, const QString &text)
@@ -32,8 +34,15 @@ void print(const QString &line)
     put(stdout, escapedForLog(line).toUtf8() + '\n');
 }
 
+void keepResultsAway()
+{
+    dropsResults = true;
+}
+
 void printTable(const QVector<QStringList> &rows)
 {
+    if (dropsResults)
+        return;
     QVector<int> widths;
     for (const QStringList &row : rows) {
         for (int i = 0; i < row.size(); ++i) {
@@ -54,7 +63,8 @@ void printTable(const QVector<QStringList> &rows)
 
 void printJson(const QJsonObject &object)
 {
-    put(stdout, QJsonDocument(object).toJson(QJsonDocument::Indented));
+    if (!dropsResults)
+        put(stdout, QJsonDocument(object).toJson(QJsonDocument::Indented));
 }
 
 void printJsonLine(const QJsonObject &object)

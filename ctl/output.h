@@ -16,6 +16,8 @@ void printTable(const QVector<QStringList> &rows);
 void printJson(const QJsonObject &object);
 // One object on one line.
 void printJsonLine(const QJsonObject &object);
+// From here on tables and whole objects are dropped: where each frame is printed, they would stand in between.
+void keepResultsAway();
 // "qkv720ctl: ..." on standard error.
 void complain(const QString &sentence);
 

@@ -79,7 +79,8 @@ ExitCode Session::connect()
     }
     QString trouble = resolve(place);
     if (trouble.isEmpty()) {
-        m_link = std::make_unique<UnitLink>(m_request.timeoutMs);
+        if (!m_link)
+            m_link = std::make_unique<UnitLink>(m_request.timeoutMs, m_observer);
         trouble = m_link->connect(place);
     }
     if (trouble.isEmpty())

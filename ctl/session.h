@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <utility>
 
 namespace ctl {
 
@@ -35,6 +36,10 @@ public:
     }
 
     const Request &request() const { return m_request; }
+    // For a command that runs another one.
+    void setArguments(const QStringList &arguments) { m_request.arguments = arguments; }
+    // Has `observer` told of what passes over each link that is opened from here on.
+    void observe(LinkObserver observer) { m_observer = std::move(observer); }
 
     // Finds the unit and connects. Anything but Done has been complained about.
     ExitCode connect();
@@ -44,6 +49,7 @@ public:
 
 private:
     Request m_request;
+    LinkObserver m_observer;
     std::unique_ptr<UnitLink> m_link;
 };
 

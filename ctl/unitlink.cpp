@@ -18,11 +18,12 @@ bool isMode(const UnitFunction &function, const UnitField &field)
 
 } // namespace
 
-UnitLink::UnitLink(int timeoutMs)
+UnitLink::UnitLink(int timeoutMs, const LinkObserver &observer)
     : m_timeoutMs(timeoutMs)
     , m_unit(std::make_unique<qkv720>())
 {
     m_clock.start();
+    m_unit->observeLink(observer);
 }
 
 UnitLink::~UnitLink()
@@ -33,8 +34,11 @@ UnitLink::~UnitLink()
 
 QString UnitLink::connect(const UnitPlace &place)
 {
+    if (m_place.method != 0)
+        m_unit->disconnectDevice(m_place.method);
     m_place = place;
-    const Watchdog watchdog(m_timeoutMs);
+    const int leftMs = m_timeoutMs == 0 ? 0 : qMax(1, m_timeoutMs - static_cast<int>(m_clock.elapsed()));
+    const Watchdog watchdog(leftMs);
     const QString said = m_unit->connectDevice(place.method, place.where);
     if (said == QLatin1String("OK") && m_unit->isConnected)
         return {};
@@ -44,7 +48,7 @@ QString UnitLink::connect(const UnitPlace &place)
 
 bool UnitLink::mayGoOn()
 {
-    if (m_timeoutMs == 0 || m_clock.elapsed() < m_timeoutMs)
+    if (!isOutOfTime())
         return true;
     m_trouble = kNoTimeLeft;
     return false;

@@ -27,12 +27,13 @@ class UnitLink
 public:
     // `timeoutMs` bounds the whole run; 0 is without end. Connecting is given up in the middle, an exchange
     // always ends in its own time.
-    explicit UnitLink(int timeoutMs);
+    explicit UnitLink(int timeoutMs, const LinkObserver &observer = {});
     ~UnitLink();
     UnitLink(const UnitLink &) = delete;
     UnitLink &operator=(const UnitLink &) = delete;
 
-    // Reads the versions and the first status. An empty text is success, any other says what went wrong.
+    // Reads the versions and the first status. An empty text is success, any other says what went wrong. Opens anew
+    // what was lost.
     QString connect(const UnitPlace &place);
     const UnitPlace &place() const { return m_place; }
     const qkv720 &unit() const { return *m_unit; }
@@ -51,6 +52,8 @@ public:
     // Places the cursor, takes the colour under it as the key's colour, and takes the cursor away.
     ExitCode pickColour(uint x, uint y);
 
+    // Whether the bound of the run has passed.
+    bool isOutOfTime() const { return m_timeoutMs != 0 && m_clock.elapsed() >= m_timeoutMs; }
     // Why the latest call did not end in Done.
     QString reason() const { return m_trouble; }
 

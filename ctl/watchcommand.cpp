@@ -1,24 +1,15 @@
 #include "ctl/commands.h"
 #include "ctl/fieldtext.h"
+#include "ctl/interruption.h"
 #include "ctl/output.h"
 
 #include <QDateTime>
-#include <QThread>
-
-#include <csignal>
 
 // One line for each field that changes, until it is interrupted.
 
 namespace ctl {
 
 namespace {
-
-volatile std::sig_atomic_t interrupted = 0;
-
-void onSignal(int /*signal*/)
-{
-    interrupted = 1;
-}
 
 void printChange(const Session &session, const UnitFunction &function, const UnitField &field, qint64 before,
                  qint64 now)
@@ -54,20 +45,11 @@ ExitCode look(Session &session, const UnitFunction &function, Values &values)
     return Done;
 }
 
-// Sleeps until the next turn is due, but not through an interruption.
-void waitForTurn(const QElapsedTimer &clock, qint64 dueMs)
-{
-    constexpr qint64 kSliceMs = 50;
-    while (interrupted == 0 && clock.elapsed() < dueMs)
-        QThread::msleep(static_cast<unsigned long>(qMin(kSliceMs, dueMs - clock.elapsed())));
-}
-
 } // namespace
 
 ExitCode watch(Session &session)
 {
-    std::signal(SIGINT, onSignal);
-    std::signal(SIGTERM, onSignal);
+    endOnSignal();
     ExitCode code = session.connect();
     if (code != Done)
         return code;
@@ -78,8 +60,8 @@ ExitCode watch(Session &session)
     QVector<Values> values(watched.size());
     QElapsedTimer clock;
     clock.start();
-    for (qint64 turn = 1; interrupted == 0; ++turn) {
-        for (int i = 0; i < watched.size() && interrupted == 0; ++i) {
+    for (qint64 turn = 1; !isInterrupted(); ++turn) {
+        for (int i = 0; i < watched.size() && !isInterrupted(); ++i) {
             code = look(session, *watched.at(i), values[i]);
             if (code != Done)
                 return session.report(code);

@@ -11,15 +11,12 @@
 
 // Connecting, the lists of adapters, units and ports, and the accessors of the fields.
 
-namespace {
-// Major in hexadecimal without a leading zero, minor in two digits: 02 23 is 2.23, 10 2A is 10.2a.
 QString versionText(const ReplyBody &reply, int at)
 {
     return QStringLiteral("%1.%2")
         .arg(reply.unsignedAt(at), 0, 16)
         .arg(reply.unsignedAt(at + 1), 2, 16, QLatin1Char('0'));
 }
-} // namespace
 
 // The serial and the discovery object live to the end of the process. They have no parent and nobody deletes
 // them: the facade closes their links when the program ends.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "device/linkevent.h"
 #include "device/qkv720commands.h"
 #include "device/qkv720state.h"
 #include "device/replybody.h"
@@ -12,10 +13,15 @@
 #include <QStringList>
 
 #include <optional>
+#include <utility>
 
 class HLNP;
 class QTimer;
 struct UnitFunction;
+
+// A version at `at` of the reply: major in hexadecimal without a leading zero, minor in two digits. 02 23 is
+// 2.23, 10 2A is 10.2a.
+QString versionText(const ReplyBody &reply, int at);
 
 // The panel's mirror of the unit, and every operation that the unit offers.
 //
@@ -61,6 +67,9 @@ public:
     Answer lastAnswer() const { return answer; }
     // How many exchanges ended in a refusal: for operations of several.
     int refusals() const { return refused; }
+
+    // Has `seen` called with each frame written and each reply read, on either link.
+    void observeLink(LinkObserver seen) { observer = std::move(seen); }
 
     // Reads one function alone, under the standard ladder, where its own get may read more. Whether the unit
     // answered; lastAnswer() tells with what.
@@ -362,6 +371,7 @@ private:
 
     bool linkReady(uint method);
     void loseLink();
+    void tell(LinkEvent::Kind kind, uint method, const QByteArray &bytes) const;
     void noteAnswer(const ReplyBody &reply, int command);
     // Writes a frame, up to four times with sleeps between. After the fourth failure the link is lost.
     qint64 writeSerial(QByteArray &frame);
@@ -384,6 +394,8 @@ private:
 
     Answer answer = Answer::None;
     int refused = 0;
+    LinkObserver observer;
+    int attempt = 1; // of the command on its way, for the observer
     QString targetIP;
     QTimer *timerCheckConnection; // never started: the link is checked on demand only
 };

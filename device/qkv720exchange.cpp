@@ -47,6 +47,12 @@ void dropFlood(QTcpSocket &socket)
 }
 } // namespace
 
+void qkv720::tell(LinkEvent::Kind kind, uint method, const QByteArray &bytes) const
+{
+    if (observer)
+        observer({kind, method, attempt, bytes});
+}
+
 bool qkv720::linkReady(uint method)
 {
     answer = Answer::None;
@@ -81,16 +87,20 @@ std::optional<ReplyBody> qkv720::exchangeOfAnyLength(uint method, const Command 
     QByteArray frame = frameOf(command, method);
     QByteArray received;
     for (size_t tries = 0;; ++tries) {
+        attempt = static_cast<int>(tries) + 1;
         const int result = method == kNetworkLink ? hlnpIO(&frame, &received) : serialIO(&frame, &received);
         if (resultLog)
             logAttempt(resultLog, result, tries);
         if (result > 0)
             break;
-        if (tries == ladder.retries)
+        if (tries == ladder.retries) {
+            attempt = 1;
             return std::nullopt;
+        }
         QThread::msleep(ladder.sleepsMs.at(tries));
         received.clear();
     }
+    attempt = 1;
     const ReplyBody reply(method == kNetworkLink ? received.mid(2) : received);
     noteAnswer(reply, command.code);
     return reply;
@@ -149,6 +159,7 @@ int qkv720::hlnpIO(QByteArray *writebuff, QByteArray *readbuff)
     qint64 written = 0;
     for (int i = 0; i < kNetworkWrites && written <= 0; ++i)
         written = socket->write(*writebuff);
+    tell(written > 0 ? LinkEvent::Kind::Sent : LinkEvent::Kind::NotSent, kNetworkLink, *writebuff);
     if (written <= 0) {
         loseLink();
         return static_cast<int>(written);
@@ -158,6 +169,7 @@ int qkv720::hlnpIO(QByteArray *writebuff, QByteArray *readbuff)
     socket->waitForReadyRead(kSocketWaitMs);
     // What has arrived by now is the reply: the parts of a split one are not assembled.
     *readbuff = socket->readAll();
+    tell(LinkEvent::Kind::Received, kNetworkLink, *readbuff);
     if (readbuff->size() >= kSocketReadLimit)
         dropFlood(*socket);
     if (readbuff->size() < kShortestReply) {
@@ -181,9 +193,11 @@ int qkv720::serialIO(QByteArray *writebuff, QByteArray *readbuff)
 qint64 qkv720::askSerial(QByteArray &frame, unsigned long waitMs, QByteArray &reply)
 {
     const qint64 written = writeSerial(frame);
+    tell(written > 0 ? LinkEvent::Kind::Sent : LinkEvent::Kind::NotSent, kSerialLink, frame);
     if (written > 0) {
         QThread::msleep(waitMs);
         serialObj->readData(reply);
+        tell(LinkEvent::Kind::Received, kSerialLink, reply);
     }
     return written;
 }

@@ -21,6 +21,8 @@ _qkv720ctl() {
             *) command+=("${COMP_WORDS[i]}") ;;
         esac
     done
+    # Behind monitor stands another command.
+    if [[ ${command[0]} == monitor ]]; then command=("${command[@]:1}"); fi
     local words=
     case $before in
         --serial | --profile) mapfile -t COMPREPLY < <(compgen -f -- "$word"); return ;;
@@ -32,7 +34,7 @@ _qkv720ctl() {
                     --verbose --help --version'
             else
                 case ${command[*]} in
-                    '') words='discover info status functions get set reset memory key show watch' ;;
+                    '') words='discover info status functions get set reset memory key show watch monitor' ;;
                     memory) words='load save' ;;
                     'memory load') words='0 1 2 3 4 5 6 7 8' ;;
                     'memory save') words='1 2 3 4 5 6 7 8' ;;

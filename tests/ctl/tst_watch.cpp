@@ -62,7 +62,8 @@ void WatchTest::changesWithinOneInterval()
     QVERIFY(watching.isReady());
     change(bench, standin::Dark, "level", 5); // not watched without --all
     const QRegularExpression time("^[0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{3}  ");
-    const auto next = [&] { return watching.line(600 + 150 + 250).remove(time); };
+    // A busy machine may be late; one that looks less often than it was told is late each time.
+    const auto next = [&] { return watching.line(10000).remove(time); };
     bench.host.withUnit([](standin::Unit &unit) {
         for (int connector = 0; connector < 5; ++connector)
             unit.setConnector(connector, connector == 0 ? 3 : 15);
@@ -72,6 +73,15 @@ void WatchTest::changesWithinOneInterval()
     QCOMPARE(next(), QStringLiteral("INPUT_SELECTION h  0 -> 7\n"));
     change(bench, standin::OutputStandard, "standard", 3);
     QCOMPARE(next(), QStringLiteral("OUTPUT_STANDARD standard  1080p59.94 -> 720p50\n"));
+    int best = 10000;
+    for (int attempt = 0; attempt < 12 && best > 600 + 150 + 50; ++attempt) {
+        QElapsedTimer clock;
+        clock.start();
+        change(bench, standin::InputSelection, "v", attempt + 1);
+        QVERIFY(next().startsWith("INPUT_SELECTION v"));
+        best = qMin(best, int(clock.elapsed()));
+    }
+    QVERIFY2(best <= 600 + 150 + 50, qPrintable(QString::number(best)));
     QCOMPARE(watching.line(1300), QString()); // nothing more happened
     watching.end();
     QCOMPARE(watching.process.exitStatus(), QProcess::NormalExit);
@@ -84,7 +94,7 @@ void WatchTest::everythingAsJson()
     Watching watching(bench, {"--interval", "1200", "--all", "--json"});
     QVERIFY(watching.isReady());
     change(bench, standin::Dark, "enable", 0);
-    const QJsonObject line = QJsonDocument::fromJson(watching.line(1200 + 1200).toUtf8()).object();
+    const QJsonObject line = QJsonDocument::fromJson(watching.line(10000).toUtf8()).object();
     QCOMPARE(line.value("function").toString(), QStringLiteral("DARK"));
     QCOMPARE(line.value("field").toString(), QStringLiteral("enable"));
     QCOMPARE(line.value("before").toString(), QStringLiteral("on"));
