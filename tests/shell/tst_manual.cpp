@@ -276,8 +276,8 @@ private slots:
         const QString text = chapter(language, QStringLiteral("keyboard")).text;
         static const QRegularExpression shortcut(QStringLiteral("sequence: \"([^\"]+)\""));
         int told = 0;
-        QDirIterator documents(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../qml"), {QStringLiteral("*.qml")}, QDir::Files,
-                               QDirIterator::Subdirectories);
+        QDirIterator documents(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../qml"), {QStringLiteral("*.qml")},
+                               QDir::Files, QDirIterator::Subdirectories);
         while (documents.hasNext()) {
             const QString document = QString::fromUtf8(contentOf(documents.next()));
             for (auto found = shortcut.globalMatch(document); found.hasNext(); ++told) {
