@@ -70,8 +70,11 @@ void gather(const QQuickItem *item, const QQuickItem *layer, QRectF clip, Screen
     if (item->inherits("QQuickText") && !item->property("text").toString().isEmpty()) {
         const QString text = item->property("text").toString();
         const QRectF letters = item->mapRectToScene(lettersOf(item));
+        // What is scrolled is cut at the top or below, and nothing at its sides.
         if (clip.contains(letters))
             screen->texts << Shown{item, layer, letters, text};
+        else if (clip.top() <= letters.top() && letters.bottom() <= clip.bottom())
+            screen->faults << QStringLiteral("'%1' is cut off").arg(text);
         if (item->property("truncated").toBool())
             screen->faults << QStringLiteral("'%1' is cut short").arg(text);
     } else if (item->inherits("QQuickTextInput")) {

@@ -3,7 +3,7 @@
 #include <QQuickWindow>
 #include <QStringList>
 
-// What is wrong with the texts that the window shows: one that is cut short, that lies over another, that crosses the
+// What is wrong with the texts that the window shows: one that is cut short or off, that lies over another, that crosses the
 // edge of a picture or field beside it, or that is longer than its field. A sentence for each.
 QStringList textFaults(const QQuickWindow &window);
 
