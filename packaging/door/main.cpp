@@ -6,6 +6,7 @@
 #include "packaging/door/runlog.h"
 #include "packaging/door/screenfit.h"
 
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -15,9 +16,16 @@ namespace {
 constexpr int kNoScreen = 1;
 constexpr int kUsage = 2;
 
+// 0 for what is no number of pixels.
+int pixels(const char *word)
+{
+    const long number = std::strtol(word, nullptr, 10);
+    return number > 0 && number <= INT_MAX ? static_cast<int>(number) : 0;
+}
+
 int tellFactor(const char *width, const char *height)
 {
-    const Room window = {std::atoi(width), std::atoi(height), false};
+    const Room window = {pixels(width), pixels(height), false};
     if (window.width <= 0 || window.height <= 0)
         return kUsage;
     Room room;
