@@ -55,7 +55,7 @@ QImage flat(const QImage &picture)
     for (int y = 0; y < mean.height(); ++y) {
         uchar *row = mean.scanLine(y);
         for (int x = 0; x < 4 * mean.width(); ++x)
-            row[x] = uchar(sum[size_t(x % 4)] / (picture.width() * picture.height()));
+            row[x] = uchar(sum[size_t(x % 4)] / (qint64(picture.width()) * picture.height()));
     }
     return mean;
 }
@@ -108,7 +108,7 @@ void TestLargePictures::takeLittleRoomAtTwiceTheSize()
             bytes += file.size();
     }
     QVERIFY(bytes > 0);
-    QVERIFY2(bytes <= 240 * 1024, qPrintable(QString::number(bytes)));
+    QVERIFY2(bytes <= qint64(240) * 1024, qPrintable(QString::number(bytes)));
 }
 
 QTEST_GUILESS_MAIN(TestLargePictures)
