@@ -1,5 +1,4 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
 import QtQuick.Dialogs 1.2
 import "blocks"
 import "blocks/Pictures.js" as Pictures
@@ -207,23 +206,15 @@ Item {
         }
     }
 
-    ScrollView {
+    DarkScrollView {
         id: scrollContent
         x: 30
         y: 10
         width: 1140
         height: 610
-        clip: true
-        activeFocusOnTab: false
+        barX: pageCK_ContentArea01.width + 14
         contentWidth: 1110
         contentHeight: sections.reduce(function (sum, section) { return sum + section.height }, 0)
-
-        ScrollBar.vertical: DarkScrollBar {
-            parent: scrollContent
-            x: pageCK_ContentArea01.width + 14
-            height: scrollContent.height
-            policy: ScrollBar.AlwaysOn
-        }
 
         Column {
             MatteSection {

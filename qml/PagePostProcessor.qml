@@ -1,5 +1,4 @@
 import QtQuick 2.12
-import QtQuick.Controls 2.5
 import "blocks"
 import "blocks/Pictures.js" as Pictures
 
@@ -33,22 +32,15 @@ Item {
 
     Component.onCompleted: settling = false
 
-    ScrollView {
+    DarkScrollView {
         id: scrollContent
         x: 30
         y: 10
         width: 1160
         height: 610
-        clip: true
-        activeFocusOnTab: false
+        barX: pagePP_ContentArea01.width + 14
         contentWidth: 1110
         contentHeight: pagePP_ContentArea03.y + pagePP_ContentArea03.height
-        ScrollBar.horizontal.policy: ScrollBar.AlwaysOff
-        ScrollBar.vertical: DarkScrollBar {
-            parent: scrollContent
-            x: pagePP_ContentArea01.width + 14
-            height: scrollContent.height
-        }
 
         Item {
             width: 1110
