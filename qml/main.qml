@@ -287,8 +287,12 @@ T.ApplicationWindow {
             }
 
             // All pages stand from the start, so that each hears its refresh signals; only one is seen.
+            // Their ground's columns are all equal, so a few of them are kept and drawn as wide as is needed.
             Image {
+                width: 1190
+                height: 620
                 source: "qrc:/img/pc/img_bg_content_dashbpard.png"
+                smooth: false
 
                 PageInput { id: pageIN; anchors.fill: parent; visible: tabPageID === 1 }
                 PageChromakey { id: pageCK; anchors.fill: parent; visible: tabPageID === 2 }

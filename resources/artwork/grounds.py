@@ -68,7 +68,8 @@ def pictures():
     # The third line is the upper line of the menu's first entry.
     yield "img_bg_menu_dashbpard", lambda scale: ground(
         scale, 176, 620, CHROME, (0, 0, 176, 1, HAIR), (175, 0, 1, 620, HAIR), (10, 9, 165, 1, HAIR2))
-    yield "img_bg_content_dashbpard", lambda scale: ground(scale, 1190, 620, PANEL, (0, 0, 1190, 1, HAIR))
+    # Drawn 1190 wide: all its columns are equal, and in full width it would be the largest picture in memory.
+    yield "img_bg_content_dashbpard", lambda scale: ground(scale, 80, 620, PANEL, (0, 0, 80, 1, HAIR))
     # Rows touch: the lower line of one and the upper line of the next form the groove between them.
     yield "img_bg_input_line", lambda scale: ground(scale, 1110, 74, ROW, (0, 0, 1110, 1, ROW_LINE), (0, 73, 1110, 1, INK))
     yield "img_bg_connect", lambda scale: popup(scale, 660, 720, 46)

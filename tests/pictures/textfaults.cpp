@@ -141,7 +141,8 @@ void gatherSoft(const QQuickItem *item, qreal ratio, QStringList *soft)
         const qreal shown = item->mapRectToScene({0, 0, width, 1}).width() * ratio;
         const int dots = item->property("sourceSize").toSize().width();
         // The ground behind everything is one colour, and is loaded as one dot.
-        if (dots > 1 && dots + kRounding < shown)
+        // What is not smoothed, such as the ground of the pages with its equal columns, is not soft.
+        if (dots > 1 && item->smooth() && dots + kRounding < shown)
             *soft << QStringLiteral("%1 has %2 dots for %3").arg(source.toString()).arg(dots).arg(shown);
     }
     for (const QQuickItem *child : item->childItems())

@@ -30,6 +30,8 @@ ApplicationWindow {
     Image {
         x: 176
         y: 148
+        width: 1190
+        height: 620
         source: "qrc:/img/pc/img_bg_content_dashbpard.png"
 )";
 

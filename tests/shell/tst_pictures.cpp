@@ -78,7 +78,7 @@ Pictures picturesForAll()
         one("icon_unlock_output", {30, 30}),
         one("img_bg_02_dashboard", {1366, 768}),
         one("img_bg_connect", {660, 720}),
-        one("img_bg_content_dashbpard", {1190, 620}),
+        one("img_bg_content_dashbpard", {80, 620}),
         one("img_bg_header_dashboard", {1366, 48}),
         one("img_bg_input_line", {1110, 74}),
         one("img_bg_menu_dashbpard", {176, 620}),
