@@ -24,8 +24,6 @@ PopupFrame {
     property var colorPickerS: 0.5
     property var colorPickerL: 0.5
     property var colorTempH: 0.3
-    // An arrow key is held on the pad.
-    property bool steering: false
 
     // Inner items that the page offers under their own names.
     property alias timerMouseMovingCommand: timerMouseMovingCommand
@@ -91,32 +89,6 @@ PopupFrame {
         axisY.show()
     }
 
-    // By a key on the pad. A key that is held is paced like a drag, and settles when it is let go.
-    function steer(axis, by, held) {
-        var from = axis.position
-        axis.moveTo(from + by)
-        if (axis.position === from)
-            return
-        if (!held) {
-            placeCursor()
-            return
-        }
-        steering = true
-        timerMouseMovingCommand.start()
-    }
-
-    function settle() {
-        if (!steering)
-            return
-        stopMoving()
-        placeCursor()
-    }
-
-    function stopMoving() {
-        timerMouseMovingCommand.stop()
-        steering = false
-    }
-
     function accept() {
         mainObject.setCursorData(0, colorPickerX, colorPickerY)
         mainObject.msecSleep(100)
@@ -148,7 +120,7 @@ PopupFrame {
     height: 522
     closable: false
     closePolicy: T.Popup.CloseOnEscape
-    onClosed: stopMoving()
+    onClosed: colorPickerMouseAreaItem.stopMoving()
 
     Timer {
         id: timerMouseMovingCommand
@@ -189,33 +161,17 @@ PopupFrame {
         onClicked: cancel()
     }
 
-    Item {
+    PickerPad {
         id: colorPickerMouseAreaItem
         x: 21
         y: 69
         width: 480
         height: 270
-        activeFocusOnTab: true
-        focus: true
-
-        Keys.onPressed: {
-            var by = event.modifiers & Qt.ShiftModifier ? 10 : 1
-            if (event.key === Qt.Key_Left || event.key === Qt.Key_Right)
-                steer(axisX, event.key === Qt.Key_Left ? -by : by, event.isAutoRepeat)
-            else if (event.key === Qt.Key_Up || event.key === Qt.Key_Down)
-                steer(axisY, event.key === Qt.Key_Up ? -by : by, event.isAutoRepeat)
-            else if ((event.key === Qt.Key_Return || event.key === Qt.Key_Enter) && !event.isAutoRepeat)
-                accept()
-        }
-        Keys.onReleased: {
-            if (!event.isAutoRepeat)
-                settle()
-        }
-        // The release of a key that is held will be heard elsewhere.
-        onActiveFocusChanged: {
-            if (!activeFocus && steering)
-                stopMoving()
-        }
+        across: axisX
+        down: axisY
+        pace: timerMouseMovingCommand
+        onPlaced: placeCursor()
+        onAccepted: accept()
 
         MouseArea {
             id: colorPickerMouseArea
