@@ -10,11 +10,13 @@ T.ScrollView {
     id: darkScrollView
 
     property real barX: 0
+    property alias scrollBar: scrollBar
 
     clip: true
     activeFocusOnTab: false
 
     T.ScrollBar.vertical: DarkScrollBar {
+        id: scrollBar
         parent: darkScrollView
         x: darkScrollView.barX
         height: darkScrollView.height

@@ -138,7 +138,7 @@ void TestChromaFolding::contentScrolls()
              QStringLiteral("30,10,1140,610"));
     QVERIFY(h->flag("scrollContent.clip"));
     QCOMPARE(h->number("scrollContent.contentHeight"), 444 + 150 + 150 + 150 + 370 + 296);
-    QQuickItem *bar = h->item("scrollContent.ScrollBar.vertical");
+    QQuickItem *bar = h->item("scrollContent.scrollBar");
     QCOMPARE(bar->property("policy").toInt(), 2); // always on
     QCOMPARE(bar->mapToItem(h->item("scrollContent"), QPointF()), QPointF(1110 + 14, 0));
     QCOMPARE(bar->height(), 610.0);
