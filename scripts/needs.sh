@@ -57,6 +57,9 @@ clang-tidy                          the habits of the code
 shellcheck                          the habits of the scripts
 git                                 which files there are
 '
+needs_to_count='
+gcovr                               how often each line ran, of all the tests
+'
 needs_to_package='
 dpkg-dev                            finds the libraries that the package depends on
 '
