@@ -1,4 +1,5 @@
 #include "tests/device/devicebench.h"
+#include "tests/device/ownmemory.h"
 
 #include <QFile>
 
@@ -25,13 +26,6 @@ private slots:
 };
 
 namespace {
-
-// Without the limit it grows by 200 MB. A sanitizer keeps what was freed for a while.
-#ifdef __SANITIZE_ADDRESS__
-constexpr qint64 kMayGrow = 60'000'000;
-#else
-constexpr qint64 kMayGrow = 5'000'000;
-#endif
 
 // Answers each frame that it gets; between two frames it can be told to send for as long as the peer takes
 // it.

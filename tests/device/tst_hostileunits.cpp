@@ -1,4 +1,5 @@
 #include "tests/device/devicebench.h"
+#include "tests/device/ownmemory.h"
 #include "tests/support/loopback.h"
 
 #include <QFile>
@@ -25,12 +26,6 @@ private slots:
 };
 
 namespace {
-
-#ifdef __SANITIZE_ADDRESS__
-constexpr qint64 kMayGrow = 60'000'000; // a sanitizer keeps what was freed for a while
-#else
-constexpr qint64 kMayGrow = 5'000'000;
-#endif
 
 // Serves each link on a thread of its own as the case says; a link is closed when its server returns.
 class Impostor
