@@ -25,14 +25,22 @@ namespace {
 
 using namespace matrix;
 
-constexpr int kTries = 3; // a busy machine makes a unit late; a fault of the panel's falls every time
+// The bytes of a unit fall within milliseconds of the panel's read, so a machine that lets either wait decides what the
+// panel finds. A case that differs while the machine was late is tried again and says nothing; one that differs while
+// it was not says so, though it too has another try for what no count of the system shows.
+constexpr int kTries = 3;
+constexpr int kTriesOfALateMachine = 60;
+constexpr int kMachineIsLateMs = 10;
 constexpr int kLongestCaseMs = 90000;
+constexpr int kLongestWaitForAFairTryMs = 200000;
 constexpr int kSampleStep = 13;
 
 struct Run
 {
     int cell;
     int tries;
+    int fairTries;
+    qint64 begunMs; // the first of them
     pid_t process;
     int pipe;
     QByteArray words;
@@ -52,7 +60,8 @@ struct Count
     char name[] = "device_matrix";
     char *argv[] = {name, nullptr};
     const QCoreApplication application(argc, argv);
-    const QByteArray words = tryCase(allCases().at(cell)).toUtf8() + '\n';
+    const Attempt attempt = tryCase(allCases().at(cell));
+    const QByteArray words = QByteArray::number(attempt.lateMs) + '\t' + attempt.words.toUtf8() + '\n';
     const ssize_t written = ::write(pipe, words.constData(), static_cast<size_t>(words.size()));
     std::fflush(nullptr);
     ::_exit(written == words.size() ? 0 : 1);
@@ -66,7 +75,8 @@ public:
         , m_all(cells.size())
     {
         for (const int cell : cells)
-            m_waiting.push_back({cell, 0, 0, -1, {}, {}});
+            m_waiting.push_back({cell, 0, 0, 0, 0, -1, {}, {}});
+        m_timer.start();
     }
 
     void run()
@@ -97,6 +107,7 @@ private:
             qFatal("no process");
         run.pipe = ends[0];
         run.words.clear();
+        run.begunMs = run.tries == 0 ? m_timer.elapsed() : run.begunMs;
         ++run.tries;
         run.timer.start();
         m_running.push_back(run);
@@ -135,7 +146,9 @@ private:
         ::close(run.pipe);
         int status = 0;
         ::waitpid(run.process, &status, 0);
-        QString words = QString::fromUtf8(run.words).trimmed();
+        QString words = QString::fromUtf8(run.words).section(QLatin1Char('\t'), 1).trimmed();
+        const bool late = run.words.left(run.words.indexOf('\t')).toInt() >= kMachineIsLateMs;
+        run.fairTries += late ? 0 : 1;
         if (WIFSIGNALED(status)) {
             words = run.timer.elapsed() > kLongestCaseMs
                 ? QStringLiteral("did not end")
@@ -144,11 +157,22 @@ private:
             words = QStringLiteral("ended with status %1").arg(WEXITSTATUS(status));
         }
         // A crash is a crash, however often it happens.
-        if (!words.isEmpty() && run.tries < kTries && !WIFSIGNALED(status) && WEXITSTATUS(status) == 0) {
+        const bool mayBeTheMachine = !WIFSIGNALED(status) && WEXITSTATUS(status) == 0;
+        if (!words.isEmpty() && mayBeTheMachine && hasAnotherTry(run)) {
             m_waiting.push_back(run);
             return;
         }
+        if (!words.isEmpty() && mayBeTheMachine && run.fairTries < kTries)
+            words += QStringLiteral("(the machine was late in %1 of %2 tries)")
+                         .arg(run.tries - run.fairTries)
+                         .arg(run.tries);
         tell(run, words);
+    }
+
+    bool hasAnotherTry(const Run &run) const
+    {
+        return run.fairTries < kTries && run.tries < kTriesOfALateMachine
+            && m_timer.elapsed() - run.begunMs < kLongestWaitForAFairTryMs;
     }
 
     void tell(const Run &run, const QString &words)
@@ -170,6 +194,7 @@ private:
 
     const size_t m_jobs;
     const int m_all;
+    QElapsedTimer m_timer;
     int m_done = 0;
     std::deque<Run> m_waiting;
     std::deque<Run> m_running;

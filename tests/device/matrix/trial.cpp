@@ -4,7 +4,9 @@
 #include "tests/device/matrix/faultyunit.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QTcpSocket>
 #include <QThread>
 
@@ -12,8 +14,10 @@
 
 namespace {
 
-// What the panel slept since the list was cleared. The sleeps are as long as ever.
+// What the panel slept since the list was cleared, and by how much it woke too late in all. The sleeps are as long as
+// ever.
 QVector<int> sleepsTaken;
+qint64 overslept = 0;
 
 void sleepFor(std::chrono::milliseconds time)
 {
@@ -26,7 +30,10 @@ void sleepFor(std::chrono::milliseconds time)
 void QThread::msleep(unsigned long ms)
 {
     sleepsTaken.append(static_cast<int>(ms));
+    QElapsedTimer timer;
+    timer.start();
     sleepFor(std::chrono::milliseconds(ms));
+    overslept += timer.elapsed() - static_cast<qint64>(ms);
 }
 
 namespace matrix {
@@ -146,6 +153,21 @@ QString differenceOf(const Outcome &outcome, const PanelModel &model, const QStr
     return verdict.text;
 }
 
+// How long the threads of this process were ready to run and had to wait for a processor, in milliseconds; 0 where the
+// system does not count it.
+qint64 waitedForProcessor()
+{
+    qint64 waited = 0;
+    for (const QString &thread :
+         QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile counts(QStringLiteral("/proc/self/task/%1/schedstat").arg(thread));
+        if (counts.open(QIODevice::ReadOnly))
+            waited += counts.readAll().split(' ').value(1).toLongLong();
+    }
+    constexpr qint64 kNsPerMs = 1000000;
+    return waited / kNsPerMs;
+}
+
 void requireRecovery(Bench &bench, Verdict &verdict)
 {
     bench.unit.setAngle(QByteArray::fromHex("2143"));
@@ -189,18 +211,20 @@ QString nameOf(const Case &cell)
              cell.method == kNetwork ? QStringLiteral("network") : QStringLiteral("serial"));
 }
 
-QString tryCase(const Case &cell)
+Attempt tryCase(const Case &cell)
 {
     qInstallMessageHandler(keepWarning);
     auto *const bench = new Bench(cell.method); // to the end of the process, as in the panel
     const Operation operation = allOperations([bench] { return bench->unit.target(); }).at(cell.operation);
     if (!operation.opensLink && bench->connectAnew() != QLatin1String("OK"))
-        return QStringLiteral("the first connect failed");
+        return {QStringLiteral("the first connect failed"), static_cast<int>(waitedForProcessor())};
     scramble(bench->device, cell.operation);
     bench->unit.suffer(cell.form, operation.faultedCode);
     bringAbout(*bench, cell.form);
     bench->signalCount = 0;
     sleepsTaken.clear();
+    overslept = 0;
+    const qint64 waitedBefore = waitedForProcessor();
     const Snapshot before = snapshotOf(bench->device);
 
     QElapsedTimer timer;
@@ -212,6 +236,7 @@ QString tryCase(const Case &cell)
     outcome.sleeps = sleepsTaken;
     outcome.fields = snapshotOf(bench->device);
     outcome.signalCount = bench->signalCount;
+    const qint64 late = qMax(overslept, waitedForProcessor() - waitedBefore);
 
     Verdict verdict;
     for (const int lateness : {0, kUnitLateMs}) {
@@ -225,7 +250,7 @@ QString tryCase(const Case &cell)
     requireRecovery(*bench, verdict);
     bench->device.disconnectDevice(cell.method); // an open port would leave its lock file behind
     verdict.compare("warnings", warnings.join(QLatin1Char('/')), QString());
-    return verdict.text;
+    return {verdict.text, static_cast<int>(late)};
 }
 
 } // namespace matrix

@@ -16,7 +16,13 @@ struct Case
 const QVector<Case> &allCases();
 QString nameOf(const Case &cell);
 
-// Tries one in this process, which then ends: what differs from the model, in words; empty when nothing does.
-QString tryCase(const Case &cell);
+struct Attempt
+{
+    QString words; // what differs from the model; empty when nothing does
+    int lateMs; // how long the machine kept the panel and its unit from running when they could have
+};
+
+// Tries one in this process, which then ends.
+Attempt tryCase(const Case &cell);
 
 } // namespace matrix
