@@ -102,7 +102,7 @@ void TestNetwork::automaticConnection()
     control = std::make_unique<mainControl>();
     control->getNetcardList();
     recorder = std::make_unique<SignalRecorder>(*control);
-    QTRY_VERIFY_WITH_TIMEOUT(control->isConnected(), 12000);
+    QTRY_VERIFY_WITH_TIMEOUT(control->isConnected(), 30000);
     QTRY_VERIFY(!recorder->told.isEmpty());
     const QString savedUnit =
         QStringLiteral("refreshConnectionData(999, [192.168.72.1] eth0, false, STUDIO-1, 192.168.72.10, "

@@ -1,11 +1,12 @@
 #include "facadebench.h"
 #include "tests/support/logcapture.h"
 
+#include <algorithm>
 #include <limits>
 
 // The pauses that the unit is given between the reads of a flow, each for itself. A sleep is never shorter than it
 // was asked for, so the lower bounds are exact; a busy machine makes one longer at times but not at every run, so
-// the least of some runs stands for the pause itself.
+// the least of some runs stands for the pause itself: as many as it takes.
 
 class TestPauses : public QObject
 {
@@ -19,7 +20,7 @@ private slots:
 
 namespace {
 
-constexpr int kRuns = 3;
+constexpr int kRuns = 12;
 constexpr int kExchangeMs = 50;
 constexpr int kSpareMs = 90; // less than the smallest pause is from the next
 
@@ -31,7 +32,7 @@ void TestPauses::betweenTheReadsOfATick()
     FacadeBench bench;
     QVERIFY(bench.connectUnit());
     qint64 least = std::numeric_limits<qint64>::max();
-    for (int run = 0; run < kRuns; ++run) {
+    for (int run = 0; run < kRuns && least > kExchangeMs + kPauseMs + kSpareMs; ++run) {
         bench.recorder->take();
         const qint64 start = bench.recorder->now();
         bench.control->refreshStatus();
@@ -55,7 +56,8 @@ void TestPauses::eachPauseOfARecall()
     FacadeBench bench;
     QVERIFY(bench.connectUnit());
     QVector<qint64> least(pauses.size() + 1, std::numeric_limits<qint64>::max());
-    for (int run = 0; run < kRuns; ++run) {
+    const auto tooLong = [](qint64 spare) { return spare > kSpareMs; };
+    for (int run = 0; run < kRuns && std::any_of(least.cbegin(), least.cend(), tooLong); ++run) {
         bench.recorder->take();
         qint64 recalled = 0;
         const support::LogCapture capture;

@@ -168,10 +168,11 @@ void TestSettings::startUpTimer()
     QCOMPARE(bench.control->timerStartUp->interval(), 1500);
     QCOMPARE(bench.control->timerRefreshStatus->interval(), 1500);
     QVERIFY(!bench.control->timerRefreshStatus->isActive());
+    const qint64 start = bench.recorder->now();
     bench.control->timerStartUp->start();
-    QTest::qWait(1200);
-    QCOMPARE(bench.recorder->told, QStringList());
-    QTRY_COMPARE(bench.recorder->told.size(), 1);
+    QTRY_COMPARE_WITH_TIMEOUT(bench.recorder->told.size(), 1, 15000);
+    // The toolkit may be early by a twentieth.
+    QVERIFY(bench.recorder->toldAt.first() - start >= 1400);
     QTest::qWait(2000);
     QCOMPARE(bench.recorder->told,
              QStringList{QStringLiteral("refreshConnection(1, , , false, , , , , , , )")});

@@ -3,6 +3,8 @@
 #include "tests/support/checked.h"
 #include "tests/support/loopback.h"
 
+#include <numeric>
+
 using standin::Fault;
 using support::CtlBench;
 using support::CtlRun;
@@ -96,14 +98,15 @@ int setsOf(const CtlBench &bench)
 void ShowTest::savedFile()
 {
     const CtlBench bench;
+    const QDateTime before = QDateTime::currentDateTimeUtc().addSecs(-1); // the file tells whole seconds
     const CtlRun run = bench.run("show save look.json");
     QCOMPARE(run.messages, QString());
     QCOMPARE(run.exitCode, 0);
     QString text = QString::fromUtf8(contentOf("look.json"));
     text.replace(bench.host.address(), "ADDRESS");
     const QString saved = QJsonDocument::fromJson(text.toUtf8()).object().value("saved").toString();
-    const qint64 age = QDateTime::fromString(saved, Qt::ISODate).secsTo(QDateTime::currentDateTimeUtc());
-    QVERIFY2(age >= 0 && age < 10, qPrintable(saved));
+    const QDateTime when = QDateTime::fromString(saved, Qt::ISODate);
+    QVERIFY2(when >= before && when <= QDateTime::currentDateTimeUtc(), qPrintable(saved));
     text.replace(saved, "TIME");
     QCOMPARE(text, golden("show.json"));
     QCOMPARE(bench.run("show save /no/such/folder/look.json").exitCode, 2);
@@ -146,14 +149,20 @@ void ShowTest::everyFieldIsCarried()
 void ShowTest::saveAddsNothingToTheWaits()
 {
     const CtlBench bench;
+    // From each frame to the next, the least of the attempts: a busy machine stretches other ones each time.
+    QVector<qint64> leastNs;
     double best = 10;
     for (int attempt = 0; attempt < 10 && best > 1.05; ++attempt) {
         bench.host.clearRecord();
         QCOMPARE(bench.run("show save look.json").exitCode, 0);
-        // From the first frame to the last: the start of a process is the machine's.
         const auto record = bench.host.record();
-        const double ms = static_cast<double>(record.last().ns - record.first().ns) / 1e6;
-        best = qMin(best, ms / (50.0 * (record.size() - 1)));
+        leastNs.resize(record.size() - 1);
+        for (int i = 0; i + 1 < record.size(); ++i) {
+            const qint64 ns = record.at(i + 1).ns - record.at(i).ns;
+            leastNs[i] = attempt == 0 ? ns : qMin(leastNs.at(i), ns);
+        }
+        const double ms = std::accumulate(leastNs.cbegin(), leastNs.cend(), 0.0) / 1e6;
+        best = ms / (50.0 * leastNs.size());
     }
     QVERIFY2(best <= 1.05, qPrintable(QString::number(best)));
 }

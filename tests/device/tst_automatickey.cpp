@@ -1,6 +1,7 @@
 #include "tests/device/devicebench.h"
 #include "tests/device/unitfields.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/stopwatch.h"
 
 #include <atomic>
 #include <thread>
@@ -301,10 +302,9 @@ void AutomaticKeyTest::lateChain()
     bench.host.setFault(0xD0, standin::Fault::late(afterMs, 1));
     scramble(*bench.device, 0);
     const bool network = method == kNetworkLink;
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     bench.device->setBackColor(method, 1, 2, 3, 2);
-    const qint64 elapsed = timer.elapsed();
+    timer.stop();
     // The network ladder asks again and finds the late chain; the serial link takes silence for a chain of zeros.
     QCOMPARE(bench.host.count(0xD0), network && !taken ? 2 : 1);
     QCOMPARE(bench.broken.count(), network && !taken ? 1 : 0);
@@ -315,11 +315,11 @@ void AutomaticKeyTest::lateChain()
     QCOMPARE(int(bench.device->tempG), zeros ? 0 : 222);
     QCOMPARE(bench.device->ckBackColor.autoCk, zeros ? 0U : 2U);
     if (taken)
-        VERIFY_BETWEEN(elapsed, afterMs - 5, afterMs + 900);
+        VERIFY_TOOK(timer, afterMs - 5, afterMs + 900);
     else if (network)
-        VERIFY_BETWEEN(elapsed, 3000 + 3000 + 2000 - 5, 3000 + 3000 + 2000 + 1500);
+        VERIFY_TOOK(timer, 3000 + 3000 + 2000 - 5, 3000 + 3000 + 2000 + 1500);
     else
-        VERIFY_BETWEEN(elapsed, 3000 + 1000 - 5, 3000 + 1000 + 1500);
+        VERIFY_TOOK(timer, 3000 + 1000 - 5, 3000 + 1000 + 1500);
 }
 
 void AutomaticKeyTest::unknownModeTakesNoChain()
@@ -358,10 +358,9 @@ void AutomaticKeyTest::automaticKeyOnClosedPort()
     DeviceBench bench(kSerialLink); // never opened
     bench.device->isConnected = true;
     bench.device->ckAngleL = 99;
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     bench.device->setBackColor(kSerialLink, 1, 2, 3, 1);
-    VERIFY_BETWEEN(timer.elapsed(), 900, 1800); // one attempt of four writes, and no wait for a reply
+    VERIFY_TOOK(timer, 900, 1800); // one attempt of four writes, and no wait for a reply
     QCOMPARE(bench.broken.count(), 1);
     QVERIFY(!bench.device->isConnected);
     QCOMPARE(bench.device->ckAngleL, 99U);

@@ -1,4 +1,5 @@
 #include "tests/device/devicebench.h"
+#include "tests/support/stopwatch.h"
 
 namespace {
 const QString kVersionFailed = QStringLiteral("Get Version failed. \nDevice may be disconnected.");
@@ -55,15 +56,14 @@ void LinkTest::startsDisconnected()
 void LinkTest::connectOnNetwork()
 {
     DeviceBench bench(kNetworkLink);
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     QCOMPARE(bench.device->connectDevice(kNetworkLink, bench.target()), QStringLiteral("OK"));
     QVERIFY(bench.device->isConnected);
     QCOMPARE(bench.frames(),
              QStringLiteral("00 06 03 00 6C 6F, 00 06 03 00 6F 72, 00 06 03 00 63 66, 00 06 03 00 60 63, "
                             "00 06 03 00 61 64, 00 06 03 00 62 65"));
     // One at a time: each frame left after the wait for the reply before.
-    VERIFY_BETWEEN(timer.elapsed(), 300, 1800);
+    VERIFY_TOOK(timer, 300, 1800);
     QCOMPARE(bench.device->getFWVersion(), QStringLiteral("1.05"));
     QCOMPARE(bench.device->getFPGAVersion(), QStringLiteral("2.23"));
     QCOMPARE(bench.device->getBLVersion(), QStringLiteral("10.2a"));
@@ -74,14 +74,13 @@ void LinkTest::connectOnNetwork()
 void LinkTest::connectOnSerial()
 {
     DeviceBench bench(kSerialLink);
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     QCOMPARE(bench.device->connectDevice(kSerialLink, bench.target()), QStringLiteral("OK"));
     QVERIFY(bench.device->isConnected);
     QCOMPARE(bench.frames(),
              QStringLiteral("03 00 6C 6F, 03 00 6F 72, 03 00 63 66, 03 00 60 63, 03 00 61 64, "
                             "03 00 62 65"));
-    VERIFY_BETWEEN(timer.elapsed(), 900, 2400);
+    VERIFY_TOOK(timer, 900, 2400);
     QCOMPARE(bench.device->getBLVersion(), QStringLiteral("10.2a"));
     QCOMPARE(bench.broken.count(), 0);
 }
@@ -154,11 +153,10 @@ void LinkTest::connectToNobody()
 {
     DeviceBench bench(kNetworkLink);
     bench.host.setFault(standin::AnyCode, standin::Fault::silent());
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     QCOMPARE(bench.device->connectDevice(kNetworkLink, bench.target()), kVersionFailed);
     // Four times the sleep and the wait for bytes, and the sleeps of the ladder between them.
-    VERIFY_BETWEEN(timer.elapsed(), 4 * 1050 + 1800 - 10, 4 * 1050 + 1800 + 1500);
+    VERIFY_TOOK(timer, 4 * 1050 + 1800 - 10, 4 * 1050 + 1800 + 1500);
     QCOMPARE(bench.broken.count(), 4);
     QVERIFY(!bench.device->isConnected);
     QCOMPARE(bench.host.codes(), (QVector<int>{0x6C, 0x6C, 0x6C, 0x6C}));
@@ -168,11 +166,10 @@ void LinkTest::connectToClosedPort()
 {
     DeviceBench bench(kNetworkLink);
     bench.host.stopListening();
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     QCOMPARE(bench.device->connectDevice(kNetworkLink, bench.target()), kVersionFailed);
     // The ladder doesn't connect again: what is left are its own sleeps.
-    VERIFY_BETWEEN(timer.elapsed(), 1800, 1800 + 1500);
+    VERIFY_TOOK(timer, 1800, 1800 + 1500);
     QCOMPARE(bench.broken.count(), 4);
     QVERIFY(!bench.device->isConnected);
 }
@@ -246,8 +243,7 @@ void LinkTest::reconnectToARefusingUnit()
     bench.host.stopListening();
     QVERIFY(bench.letSocketFall());
     // The reconnect is under way, so the check passes; the frame is what comes to grief.
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     bench.device->getCKShadow(kNetworkLink);
     QVERIFY(timer.elapsed() >= 1800);
     QVERIFY(!bench.device->isConnected);

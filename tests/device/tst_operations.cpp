@@ -1,6 +1,7 @@
 #include "tests/device/devicebench.h"
 #include "tests/device/functiontable.h"
 #include "tests/support/checked.h"
+#include "tests/support/stopwatch.h"
 
 #include <algorithm>
 
@@ -218,10 +219,9 @@ void OperationsTest::setsOnDeadSerialChangeTheState()
     DeviceBench dead(kSerialLink); // never opened
     scramble(*dead.device, 0);
     Snapshot expected = snapshotOf(*dead.device);
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     dead.device->setCKDark(kSerialLink, true, 1, 2, 3);
-    VERIFY_BETWEEN(timer.elapsed(), 4 * 900 + 1800, 4 * 900 + 1800 + 3000);
+    VERIFY_TOOK(timer, 4 * 900 + 1800, 4 * 900 + 1800 + 3000);
     overlay(expected,
             {{"ckDark.enable", 0, Kind::IsOne},
              {"ckDark.level", 1, Kind::Word},

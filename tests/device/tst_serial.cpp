@@ -1,4 +1,5 @@
 #include "tests/device/devicebench.h"
+#include "tests/support/stopwatch.h"
 
 namespace {
 const QString kVersionFailed = QStringLiteral("Get Version failed. \nDevice may be disconnected.");
@@ -119,10 +120,9 @@ void SerialTest::silentSerialUnitRaisesNothing()
     DeviceBench bench(kSerialLink);
     QVERIFY(bench.connectUnit());
     bench.host.setFault(standin::AnyCode, standin::Fault::silent());
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     bench.device->getCKBright(kSerialLink);
-    VERIFY_BETWEEN(timer.elapsed(), 1149, 2600); // one attempt, no retry
+    VERIFY_TOOK(timer, 1149, 2600); // one attempt, no retry
     QCOMPARE(bench.host.count(standin::Bright), 1);
     QCOMPARE(bench.broken.count(), 0);
     QVERIFY(bench.device->isConnected);
@@ -182,10 +182,9 @@ void SerialTest::serialTransportResults()
     for (const char *hex : {"", "03", "0300", "030051"}) {
         QByteArray stub = QByteArray::fromHex(hex);
         reply = "kept";
-        QElapsedTimer timer;
-        timer.start();
+        support::Stopwatch timer;
         QCOMPARE(bench.device->serialIO(&stub, &reply), -1);
-        QVERIFY(timer.elapsed() < 140); // not even the shortest sleep
+        VERIFY_TOOK(timer, 0, 140); // not even the shortest sleep
         QCOMPARE(reply, QByteArray("kept"));
     }
     QVERIFY(bench.device->isConnected);
@@ -198,10 +197,9 @@ void SerialTest::serialTransportOnClosedPort()
     bench.device->isConnected = true;
     QByteArray frame = QByteArray::fromHex("03005154");
     QByteArray reply;
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     QCOMPARE(bench.device->serialIO(&frame, &reply), -1);
-    VERIFY_BETWEEN(timer.elapsed(), 900, 1800);
+    VERIFY_TOOK(timer, 900, 1800);
     QVERIFY(!bench.device->isConnected);
     QCOMPARE(bench.broken.count(), 1);
 }
@@ -234,10 +232,9 @@ void SerialTest::serialPortClass()
     QCOMPARE(port.openSerialPort(bench.target()), QStringLiteral("OK"));
     data = QByteArray::fromHex("03006C6F");
     QCOMPARE(port.writeData(data), qint64(4));
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     port.readData(data);
-    QVERIFY(timer.elapsed() < 900);
+    VERIFY_TOOK(timer, 0, 900);
     QVERIFY(data.size() > 0);
     QTest::qSleep(100);
     timer.restart();
@@ -245,7 +242,7 @@ void SerialTest::serialPortClass()
     bench.host.clearRecord();
     port.readData(data);
     port.readData(data);
-    VERIFY_BETWEEN(timer.elapsed(), 999, 2500);
+    VERIFY_TOOK(timer, 999, 2500);
     QVERIFY(data.isEmpty());
 
     port.handleError(QSerialPort::TimeoutError);

@@ -1,4 +1,5 @@
 #include "tests/device/devicebench.h"
+#include "tests/support/stopwatch.h"
 
 namespace {
 const QString kOk = QStringLiteral("OK");
@@ -55,10 +56,9 @@ void StatusTest::healthy()
         unit.setData(standin::InputSelection, QByteArray::fromHex("04030205 80 FFFF 0080"));
         unit.setData(standin::InputStandard, QByteArray::fromHex("01 20 21 FF 83"));
     });
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     QCOMPARE(bench.device->refreshStatus(method), kOk);
-    VERIFY_BETWEEN(timer.elapsed(), leastMs, leastMs + 1000);
+    VERIFY_TOOK(timer, leastMs, leastMs + 1000);
     QCOMPARE(bench.host.codes(), (QVector<int>{0x63, 0x60, 0x61, 0x62}));
 
     const qkv720 &device = *bench.device;
@@ -185,10 +185,9 @@ void StatusTest::serialFirstWriteFails()
 {
     DeviceBench bench(kSerialLink); // never opened
     bench.device->isConnected = true;
-    QElapsedTimer timer;
-    timer.start();
+    support::Stopwatch timer;
     QCOMPARE(bench.device->refreshStatus(kSerialLink), QStringLiteral("-1"));
-    VERIFY_BETWEEN(timer.elapsed(), 900, 1800);
+    VERIFY_TOOK(timer, 900, 1800);
     QVERIFY(!bench.device->isConnected);
     QCOMPARE(bench.broken.count(), 1);
 }

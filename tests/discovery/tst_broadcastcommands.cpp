@@ -3,6 +3,7 @@
 #include "discovery/hlnp.h"
 #include "discovery/hlnpstate.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/stopwatch.h"
 #include "tests/support/testnetwork.h"
 #include "tests/support/unithost.h"
 
@@ -135,8 +136,7 @@ void TestBroadcastCommands::answered()
     QSignalSpy resetDone(hlnp.get(), &HLNP::hlnpResetDone);
     udpsocketBindAddress = QHostAddress();
 
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     {
         const LogCapture capture;
         QCOMPARE(call(*hlnp, code), QStringLiteral("OK"));
@@ -145,7 +145,7 @@ void TestBroadcastCommands::answered()
     }
     value = 0x15;
     QCOMPARE(call(*hlnp, code), QStringLiteral("NACK"));
-    QVERIFY(clock.elapsed() < 10000);
+    VERIFY_TOOK(clock, 0, 10000);
 
     const auto requests = devices->requests();
     QCOMPARE(requests.size(), 2);
@@ -201,8 +201,7 @@ void TestBroadcastCommands::anAnswerFromElsewhereIsIgnored()
     switchOn([](Devices &, const Devices::Request &asked) {
         Devices::send(asked, kStranger, acknowledgement(Devices::codeOf(asked), 0x15));
     });
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(call(*hlnp, 0x02), QStringLiteral("OK"));
     QVERIFY(clock.elapsed() >= 10 * 1000 + 11 * 100);
 }
@@ -215,10 +214,9 @@ void TestBroadcastCommands::silenceAfterReset()
             [&order](bool on) { order.append(on ? QStringLiteral("busy") : QStringLiteral("idle")); });
     connect(hlnp.get(), &HLNP::hlnpResetDone, this, [&order] { order.append(QStringLiteral("done")); });
     const LogCapture log;
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(call(*hlnp, 0x04), QStringLiteral("OK"));
-    QVERIFY(clock.elapsed() >= 12095 && clock.elapsed() < 20000);
+    VERIFY_TOOK(clock, 12095, 20000);
     QCOMPARE(order, (QStringList{QStringLiteral("busy"), QStringLiteral("done"), QStringLiteral("idle")}));
     QCOMPARE(devices->requests().size(), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("Reset:While get datagram.")), 11);
@@ -228,10 +226,9 @@ void TestBroadcastCommands::silenceAfterSetDhcpMode()
 {
     switchOn(nullptr);
     const LogCapture log;
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(call(*hlnp, 0x02), QStringLiteral("OK"));
-    QVERIFY(clock.elapsed() >= 12095 && clock.elapsed() < 20000);
+    VERIFY_TOOK(clock, 12095, 20000);
     QCOMPARE(devices->requests().size(), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("set DHCP mode:While get datagram.")), 11);
 }
@@ -240,10 +237,9 @@ void TestBroadcastCommands::silenceAfterSetIpAdr()
 {
     switchOn(nullptr);
     const LogCapture log;
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(call(*hlnp, 0x03), QStringLiteral("OK"));
-    QVERIFY(clock.elapsed() >= 12095 && clock.elapsed() < 20000);
+    VERIFY_TOOK(clock, 12095, 20000);
     QCOMPARE(devices->requests().size(), 1);
     QCOMPARE(LogCapture::count(QStringLiteral("set IP Address:While get datagram.")), 11);
 }
@@ -254,8 +250,7 @@ void TestBroadcastCommands::aFailedBroadcastIsNotDetected()
     QVERIFY(net->removeAdapter(panelHost, QStringLiteral("eth0")));
     QCOMPARE(hlnp->setNetmask(kPanel, kUnit, QStringLiteral("255.255.255.0")),
              QStringLiteral("Setting error, please check IP address:") + kUnit);
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(call(*hlnp, 0x02), QStringLiteral("OK"));
     QVERIFY(clock.elapsed() >= 12095);
 }

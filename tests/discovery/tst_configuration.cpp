@@ -2,6 +2,7 @@
 #include "discovery/hlnp.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/loopback.h"
+#include "tests/support/stopwatch.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
@@ -167,8 +168,7 @@ void TestConfiguration::commands()
     QFETCH(QStringList, log);
     QSignalSpy busy(hlnp, &HLNP::setNetConfigBusy);
 
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     {
         answer(*unit, acknowledgement(code, 0x06));
         const LogCapture capture;
@@ -184,7 +184,7 @@ void TestConfiguration::commands()
         QCOMPARE(LogCapture::logs().last(), QStringLiteral("ReadDatagram 15: 21"));
     }
     QCOMPARE(sent(), request);
-    QVERIFY(clock.elapsed() < 2000);
+    VERIFY_TOOK(clock, 0, 2000);
     QCOMPARE(busy.size(), 0);
 }
 
@@ -217,10 +217,9 @@ void TestConfiguration::badTextsSendNothing()
     QFETCH(QString, value);
     QFETCH(QString, log);
     const LogCapture capture;
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QTEST(command(*hlnp, target, value), "text");
-    QVERIFY(clock.elapsed() < 1000);
+    VERIFY_TOOK(clock, 0, 1000);
     QTest::qWait(50);
     QVERIFY(!unit->hasPendingDatagrams());
     if (!log.isEmpty())
@@ -272,15 +271,14 @@ void TestConfiguration::aWriteThatFails()
     const QString outside = QStringLiteral("192.0.2.1");
     const QString text = QStringLiteral("Setting error, please check IP address:") + outside;
     const QString address = QStringLiteral("10.0.0.1");
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(setDhcpName(*hlnp, outside, QStringLiteral("name")), text);
     QCOMPARE(setMacAdr(*hlnp, outside, QStringLiteral("1:2:3:4:5:6")), text);
     QCOMPARE(setNetmask(*hlnp, outside, address), text);
     QCOMPARE(setGateway(*hlnp, outside, address), text);
     QCOMPARE(setPrimDns(*hlnp, outside, address), text);
     QCOMPARE(setSecDns(*hlnp, outside, address), text);
-    QVERIFY(clock.elapsed() < 2000);
+    VERIFY_TOOK(clock, 0, 2000);
 }
 
 void TestConfiguration::aFailedWriteLeavesTheNextExchangeItsEars()
@@ -290,8 +288,7 @@ void TestConfiguration::aFailedWriteLeavesTheNextExchangeItsEars()
     const auto *socket = hlnp->findChild<QUdpSocket *>();
     const QHostAddress panel = socket->localAddress();
     const quint16 port = socket->localPort();
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     std::thread late([this, panel, port] {
         QThread::msleep(2500); // in the third try
         unit->writeDatagram(acknowledgement(0x0B, 0x15), panel, port);
@@ -299,7 +296,7 @@ void TestConfiguration::aFailedWriteLeavesTheNextExchangeItsEars()
     const QString result = setNetmask(*hlnp, target, QStringLiteral("1.2.3.4"));
     late.join();
     QCOMPARE(result, QStringLiteral("NACK"));
-    QVERIFY(clock.elapsed() >= 2500 && clock.elapsed() < 4500);
+    VERIFY_TOOK(clock, 2500, 4500);
     QCOMPARE(socket->localPort(), port);
 }
 
@@ -319,22 +316,18 @@ void TestConfiguration::anAnswerFromElsewhereIsIgnored()
     QVERIFY(stranger->localAddress().toString().contains(target));
     answer(*stranger, acknowledgement(0x0B, 0x15));
     answer(*unit, acknowledgement(0x0B, 0x06));
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(setNetmask(*hlnp, target, QStringLiteral("1.2.3.4")), QStringLiteral("OK"));
-    QVERIFY(clock.elapsed() >= 100);
-    QVERIFY(clock.elapsed() < 1000);
+    VERIFY_TOOK(clock, 100, 1000);
 }
 
 void TestConfiguration::aSecondAnswerDecidesAfterAnUnclearOne()
 {
     answer(*unit, acknowledgement(0x0D, 0x07));
     answer(*unit, acknowledgement(0x0D, 0x15));
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(setPrimDns(*hlnp, target, QStringLiteral("1.2.3.4")), QStringLiteral("NACK"));
-    QVERIFY(clock.elapsed() >= 200);
-    QVERIFY(clock.elapsed() < 1200);
+    VERIFY_TOOK(clock, 200, 1200);
 }
 
 void TestConfiguration::anEmptyDatagramTakesTheBufferOver()
@@ -349,8 +342,7 @@ void TestConfiguration::anUnclearAnswerIsSuccess()
 {
     answer(*unit, acknowledgement(0x0B, 0x07));
     const LogCapture log;
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(setNetmask(*hlnp, target, QStringLiteral("1.2.3.4")), QStringLiteral("OK"));
     QVERIFY(clock.elapsed() >= 10 * 1000 + 11 * 100); // the first try found something at once
     QCOMPARE(LogCapture::count(QStringLiteral("Set MASK:While get datagram.")), 11);
@@ -359,12 +351,9 @@ void TestConfiguration::anUnclearAnswerIsSuccess()
 void TestConfiguration::silence(const Command &command, const QString &value, qint64 lowest)
 {
     const LogCapture log;
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(command(*hlnp, target, value), QStringLiteral("OK"));
-    const qint64 elapsed = clock.elapsed();
-    QVERIFY2(elapsed >= lowest - 5, qPrintable(QString::number(elapsed)));
-    QVERIFY2(elapsed < lowest + 1000, qPrintable(QString::number(elapsed)));
+    VERIFY_TOOK(clock, lowest - 5, lowest + 1000);
     QVERIFY(!sent().isEmpty());
     QVERIFY(sent().isEmpty()); // asked once
     const QStringList tries = LogCapture::logs().filter(QStringLiteral(":While get datagram."));
@@ -408,8 +397,7 @@ void TestConfiguration::firmwareVersionGoesToRowZero()
     answer(*unit, QByteArray::fromHex("00058101") + "7");
     answer(*unit, QByteArray::fromHex("000581") + "42");
     const LogCapture log;
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     hlnp->getFWVersion(target);
     QVERIFY(clock.elapsed() >= 1100);
     QCOMPARE(hlnp->allHlnpDevice[0].zcm.hlnpnetwork.fwver, QStringLiteral("42"));

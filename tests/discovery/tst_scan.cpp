@@ -1,6 +1,7 @@
 #include "discovery/hlnpstate.h"
 #include "scanbench.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/stopwatch.h"
 
 #include <QElapsedTimer>
 
@@ -40,13 +41,11 @@ void TestScan::unitsAreFoundAndSorted()
     qkv720 panel;
     QCOMPARE(panel.getHLNPNetcardList(), QStringList{QStringLiteral("[192.168.72.1] eth0")});
 
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(scan(panel), 1U);
     // The answers to the scan, and 100 ms more for each collection that found but one: 0.5 + 0.7 + 0.1 + 0.5 s
     // and 1.1 s a device.
-    QVERIFY(clock.elapsed() >= 1800 + 4 * 1100 - 100);
-    QVERIFY(clock.elapsed() < 1800 + 4 * 1100 + 10000);
+    VERIFY_TOOK(clock, 1800 + 4 * 1100 - 100, 1800 + 4 * 1100 + 10000);
 
     const QStringList expected = {address(7), address(30), address(200)};
     QCOMPARE(panel.getHLNPDeviceList(), expected);
@@ -69,7 +68,9 @@ void TestScan::requestsOnTheWire()
     const auto devices = switchOn(numbered({10, 11}));
     QVERIFY(devices->isGood());
     qkv720 panel;
+    support::Stopwatch clock;
     QCOMPARE(scan(panel), 1U);
+    clock.stop();
     const auto requests = devices->requests();
     QCOMPARE(requests.size(), 3);
     QCOMPARE(requests.at(0).bytes,
@@ -83,20 +84,20 @@ void TestScan::requestsOnTheWire()
         QCOMPARE(request.fromPort, socketOf(panel)->localPort());
         QVERIFY(request.fromPort != 5002);
     }
-    // 0.5 s and nine empty reads, 0.1 s, 0.5 s; then ten empty reads and 0.1 s between one model and the next.
-    QVERIFY(requests.at(1).at - requests.at(0).at >= 500 + 900 + 100 + 500 - 2);
-    QVERIFY(requests.at(2).at - requests.at(1).at >= 1000 + 100 - 2);
+    // 0.5 s and nine empty reads, 0.1 s, 0.5 s; then ten empty reads and 0.1 s between one model and the next. The
+    // device may have noted a request too late, and the next one then seems early.
+    const qint64 lateMs = clock.stalled() + 2;
+    QVERIFY(requests.at(1).at - requests.at(0).at >= 500 + 900 + 100 + 500 - lateMs);
+    QVERIFY(requests.at(2).at - requests.at(1).at >= 1000 + 100 - lateMs);
 }
 
 void TestScan::nobodyAnswers()
 {
     const auto devices = switchOn(numbered({10}), [](Devices &, const Devices::Request &) {});
     qkv720 panel;
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(scan(panel), 1U);
-    QVERIFY(clock.elapsed() >= 2200);
-    QVERIFY(clock.elapsed() < 10000);
+    VERIFY_TOOK(clock, 2200, 10000);
     QCOMPARE(devices->requests().size(), 1);
     QCOMPARE(panel.hlnpObj->deviceCount, 0);
     QVERIFY(panel.getHLNPDeviceList().isEmpty());
@@ -108,14 +109,35 @@ void TestScan::twelveAtOnceStallTheScanAndAreAllFound()
     twelve[0].identifiers = "05881502";
     twelve[6].identifiers = "05871501";
     twelve[11].identifiers = "01010101";
-    const auto devices = switchOn(twelve);
+    // The unit's hosts are as busy as the panel's: their answers count as "at once" when all of them are there before
+    // the panel's first look. What came later is another case, and the scan is tried again.
+    constexpr int kTries = 3;
+    std::atomic<int> answered{0};
+    const Devices::Answer ordinary = wellBehaved(twelve);
+    const auto devices = switchOn(twelve, [&](Devices &all, const Devices::Request &request) {
+        ordinary(all, request);
+        ++answered;
+    });
     qkv720 panel;
-    QElapsedTimer clock;
-    clock.start();
-    QCOMPARE(panel.HLNPScan(QStringLiteral("scan"), 0), 0U);
-    QVERIFY(clock.elapsed() >= 500 + 100 + 50000);
-    QVERIFY(clock.elapsed() < 75000);
-    QCOMPARE(panel.hlnpObj->deviceCount, 11);
+    bool atOnce = false;
+    for (int i = 0; i < kTries && !atOnce; ++i) {
+        answered = 0;
+        int answeredBeforeTheFirstLook = -1;
+        const LogCapture log;
+        LogCapture::onLine() = [&](const QString &line) {
+            if (answeredBeforeTheFirstLook < 0 && line.startsWith(QLatin1String("processDatagrams Begin: ")))
+                answeredBeforeTheFirstLook = answered;
+        };
+        support::Stopwatch clock;
+        const uint result = panel.HLNPScan(QStringLiteral("scan"), 0);
+        atOnce = answeredBeforeTheFirstLook == 1;
+        if (!atOnce)
+            continue;
+        QCOMPARE(result, 0U);
+        VERIFY_TOOK(clock, 500 + 100 + 50000, 75000);
+        QCOMPARE(panel.hlnpObj->deviceCount, 11);
+    }
+    QVERIFY(atOnce);
     panel.HLNPGetModel();
     panel.HLNPDoScanDone();
     QCOMPARE(panel.hlnpObj->deviceCount, 12);
@@ -253,8 +275,7 @@ void TestScan::anAdapterThatIsGone()
     qkv720 panel;
     QCOMPARE(panel.getHLNPNetcardList().size(), 1);
     QVERIFY(net->removeAdapter(panelHost, QStringLiteral("eth0")));
-    QElapsedTimer clock;
-    clock.start();
+    support::Stopwatch clock;
     QCOMPARE(scan(panel), 1U); // it runs all the same, and finds nobody
     QVERIFY(clock.elapsed() >= 2200);
     QVERIFY(panel.getHLNPDeviceList().isEmpty());

@@ -98,6 +98,8 @@ Workplace::Workplace()
     for (QObject *object : panel.window->findChildren<QObject *>()) {
         if (object->inherits("QQmlTimer") && object->property("interval").toInt() == kThrottleMs)
             m_throttles << object;
+        if (object->inherits("QQuickPopup"))
+            m_popups << object;
     }
     if (m_throttles.size() != 6)
         qFatal("%d pages send by a throttle", int(m_throttles.size()));
@@ -122,6 +124,24 @@ void Workplace::closeAll()
     for (const char *popup : kPopups)
         panel.eval(QString::fromLatin1(popup) + QStringLiteral(".close()"));
     panel.eval(QStringLiteral("notifyTimer.stop()"));
+    // They fade out, and hold the pointer and the keyboard as long as they are seen.
+    for (const char *popup : kPopups) {
+        if (!panel.standsClosed(QString::fromLatin1(popup)))
+            qFatal("%s does not close", popup);
+    }
+    const QQuickItem *pad = panel.item(QStringLiteral("pageCK.colorPickerMouseAreaItem"));
+    if (!QTest::qWaitFor([pad] { return !pad->isVisible(); }))
+        qFatal("the picker does not close");
+}
+
+// Popups fade in, and take the keyboard when they stand.
+bool Workplace::standsStill(const Place &place) const
+{
+    const auto moves = [](const QObject *popup) {
+        return popup->property("visible").toBool() != popup->property("opened").toBool();
+    };
+    return std::none_of(m_popups.cbegin(), m_popups.cend(), moves)
+        && panel.flag(QStringLiteral("popupMask.visible")) == (place.page == 0);
 }
 
 void Workplace::enter(const Place &place)
@@ -149,9 +169,9 @@ void Workplace::enter(const Place &place)
     panel.eval(QString::fromLatin1(place.popup));
     if (place.page == 0 && *place.popup == '\0')
         panel.eval(QStringLiteral("popupMask.forceActiveFocus()"));
-    if (!QTest::qWaitFor([&] { return root(place)->isVisible(); }))
+    if (!QTest::qWaitFor([&] { return root(place)->isVisible() && standsStill(place); }))
         qFatal("%s does not show", place.name);
-    // Popups fade in, and the pages send what the report has moved.
+    // The pages send what the report has moved.
     QTest::qWait(*place.popup ? 300 : 0);
     calls();
     facade.forget();

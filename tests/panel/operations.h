@@ -61,8 +61,10 @@ public:
 private:
     void closeAll();
     void unfoldAll();
+    bool standsStill(const Place &place) const;
 
     QVector<QObject *> m_throttles;
+    QVector<QObject *> m_popups;
 };
 
 bool isField(const QQuickItem *item);

@@ -470,26 +470,28 @@ void TestConnection::disconnectCountsSixTicks()
     facade->connected = true;
     CHECKED(openPanel());
     h->eval("outputTitleUserMemOp.text = 'x'");
+    // What it shows one after the other, with the words in the panel beside it.
+    h->eval("txtDisconnectNotifyInfoCountDown.textChanged.connect(function() {"
+            " popupDisConnect.objectName += txtDisconnectNotifyInfoCountDown.text + ' ' })");
+    QElapsedTimer clock;
+    clock.start();
     h->click("btnConnectDisconnect");
     QCOMPARE(facade->calls, QStringList({"isConnected()", "deviceDisConnect(1)"}));
     QVERIFY(h->flag("popupDisConnect.visible && popupMask.visible"));
     QVERIFY(!h->flag("btnSetup.enabled"));
     QVERIFY(h->standsClosed("popupConnect"));
     QVERIFY(h->standsOpen("popupDisConnect"));
-    QStringList dots;
-    QElapsedTimer clock;
-    clock.start();
+    int words = 0;
     while (h->flag("notifyTimer.running") && clock.elapsed() < 30000) {
-        const QString now = h->text("txtDisconnectNotifyInfoCountDown.text");
-        if (dots.isEmpty() || dots.last() != now) {
-            dots << now;
-            if (!now.isEmpty())
-                QCOMPARE(h->text("msgConnect.text"), QStringLiteral("Disconnecting"));
+        if (!h->text("txtDisconnectNotifyInfoCountDown.text").isEmpty()) {
+            QCOMPARE(h->text("msgConnect.text"), QStringLiteral("Disconnecting"));
+            ++words;
         }
         QTest::qWait(50);
     }
-    QCOMPARE(dots.filter(".").join(' '), QStringLiteral("..... .... ... .. ."));
-    QVERIFY2(clock.elapsed() > 5000 && clock.elapsed() < 20000, qPrintable(QString::number(clock.elapsed())));
+    QVERIFY(words > 0);
+    QCOMPARE(h->text("popupDisConnect.objectName").simplified(), QStringLiteral("..... .... ... .. ."));
+    QVERIFY2(clock.elapsed() > 5000 && clock.elapsed() < 30000, qPrintable(QString::number(clock.elapsed())));
     QVERIFY(h->standsClosed("popupDisConnect"));
     QVERIFY(h->standsOpen("popupConnect"));
     QVERIFY(h->flag("popupMask.opened"));

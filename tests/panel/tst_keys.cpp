@@ -255,10 +255,14 @@ void TestKeys::sliderKeys()
         QCOMPARE(w->calls().size(), moves ? 1 : 0);
     }
     QCOMPARE(w->facade.callsOf("setWindow"), QStringList("setWindow(true, 0, 10, 890, 120, 880, 15)"));
-    // Several within the throttle are one command.
+    // Several within the throttle are one command; no turn of the event loop is between them.
     w->facade.forget();
-    for (int i = 0; i < 5; ++i)
-        w->key(Qt::Key_Right);
+    for (int i = 0; i < 5; ++i) {
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+        QKeyEvent up(QEvent::KeyRelease, Qt::Key_Right, Qt::NoModifier);
+        QCoreApplication::sendEvent(w->panel.window, &down);
+        QCoreApplication::sendEvent(w->panel.window, &up);
+    }
     QCOMPARE(w->calls(), QStringList("setWindow(true, 0, 15, 890, 120, 880, 15)"));
 }
 
@@ -301,8 +305,10 @@ void TestKeys::heldArrowIsPacedLikeADrag()
         QCoreApplication::sendEvent(w->panel.window, &again);
     }
     QCOMPARE(w->facade.calls, QStringList());
-    QTRY_COMPARE(w->facade.calls.size(), 1);
-    QCOMPARE(w->facade.calls, QStringList("setCursorData(3, 21, 0)"));
+    // A busy machine may have come to the next turn of the timer by now, which sends the same.
+    QTRY_VERIFY(!w->facade.calls.isEmpty());
+    for (const QString &call : qAsConst(w->facade.calls))
+        QCOMPARE(call, QStringLiteral("setCursorData(3, 21, 0)"));
     w->facade.forget();
     QTest::keyRelease(w->panel.window, Qt::Key_Right);
     QCOMPARE(w->facade.calls, QStringList("setCursorData(3, 21, 0)"));
@@ -349,53 +355,53 @@ void TestKeys::hoverShowsWhatCanBePressed()
 {
     w->enter("window");
     QTest::mouseMove(w->panel.window, QPoint(1364, 766));
-    QVERIFY(!w->hoverEdge());
+    QTRY_VERIFY(!w->hoverEdge());
     const QImage still = w->panel.grab("still");
     for (const char *id : {"btnSetup", "comboPgmSdiOutput", "outputMemoryLock", "menuInput",
                            "pageIN.imgFGFreeze", "pageIN.btnGenlockReset"}) {
         point(item(id));
-        QVERIFY2(w->hoverEdge(), id);
+        QTRY_VERIFY2(w->hoverEdge(), id);
         QCOMPARE(Workplace::placeOf(w->hoverEdge()).adjusted(1, 1, -1, -1), Workplace::placeOf(item(id)));
-        QCOMPARE(w->panel.window->cursor().shape(), Qt::PointingHandCursor);
+        QTRY_COMPARE(w->panel.window->cursor().shape(), Qt::PointingHandCursor);
     }
     point(item("pageIN.genlockTitle"));
-    QVERIFY(!w->hoverEdge());
-    QCOMPARE(w->panel.window->cursor().shape(), Qt::ArrowCursor);
+    QTRY_VERIFY(!w->hoverEdge());
+    QTRY_COMPARE(w->panel.window->cursor().shape(), Qt::ArrowCursor);
     QTest::mouseMove(w->panel.window, QPoint(1364, 766));
     QCOMPARE(w->panel.grab("still again"), still);
     // A dead control is none.
     w->panel.eval("memoryLock = true");
     point(item("outputMemoryLoad"));
-    QVERIFY(!w->hoverEdge());
+    QTRY_VERIFY(!w->hoverEdge());
     w->enter("garbage mask");
     point(item("pageGM.windowLeft.itemText"));
-    QVERIFY(!w->hoverEdge());
-    QCOMPARE(w->panel.window->cursor().shape(), Qt::IBeamCursor);
+    QTRY_VERIFY(!w->hoverEdge());
+    QTRY_COMPARE(w->panel.window->cursor().shape(), Qt::IBeamCursor);
     w->enter("picker");
     point(item("pageCK.colorPickerMouseAreaItem"));
-    QCOMPARE(w->panel.window->cursor().shape(), Qt::CrossCursor);
+    QTRY_COMPARE(w->panel.window->cursor().shape(), Qt::CrossCursor);
 }
 
 void TestKeys::hoverRestsUnderPopupsAndWhileHeld()
 {
     w->enter("window");
     point(item("menuInput"));
-    QVERIFY(w->hoverEdge());
+    QTRY_VERIFY(w->hoverEdge());
     w->key(Qt::Key_F2); // nothing but the shortcut hears it
     QVERIFY(w->panel.standsOpen("popupConnect"));
-    QVERIFY(!w->hoverEdge());
+    QTRY_VERIFY(!w->hoverEdge());
     w->enter("start");
     point(item("btnConnect"));
-    QVERIFY(w->hoverEdge());
+    QTRY_VERIFY(w->hoverEdge());
     point(item("comboPgmSdiOutput"));
-    QVERIFY(!w->hoverEdge());
+    QTRY_VERIFY(!w->hoverEdge());
     w->enter("setup");
     point(item("menuInput"));
-    QVERIFY(!w->hoverEdge());
+    QTRY_VERIFY(!w->hoverEdge());
     point(item("btnSetupSave"));
-    QVERIFY(w->hoverEdge());
+    QTRY_VERIFY(w->hoverEdge());
     w->panel.press("btnSetupFactoryDefault");
-    QVERIFY(!w->hoverEdge());
+    QTRY_VERIFY(!w->hoverEdge());
 }
 
 QTEST_MAIN(TestKeys)

@@ -133,7 +133,7 @@ void TestRehearsal::operatorWorksAUnit()
     QVERIFY(h->standsOpen("popupConnect"));
     h->click("btnConnectDisconnect");
     QVERIFY(!control->isConnected());
-    QTRY_VERIFY_WITH_TIMEOUT(!h->flag("notifyTimer.running"), 9000);
+    QTRY_VERIFY_WITH_TIMEOUT(!h->flag("notifyTimer.running"), 30000);
     QCOMPARE(h->text("msgConnect.text"), QStringLiteral("Disconnected"));
     QTRY_COMPARE(unit->clientCount(), 0);
     QVERIFY(!h->flag("popupWarning.visible"));
@@ -215,7 +215,7 @@ void TestRehearsal::adapterGoneIsTold()
     QVERIFY(start());
     QTRY_COMPARE_WITH_TIMEOUT(h->text("msgConnect.text"),
                               QStringLiteral("Previous device MAC address 00:11:22:33:44:55\nis not found."),
-                              10000);
+                              30000);
     QVERIFY(h->flag("popupMask.opened"));
     QVERIFY(!control->isConnected());
 }
@@ -226,9 +226,7 @@ void TestRehearsal::stillScreenDrawsNothing()
     QCOMPARE(scanAndConnect(), QString());
     h->click("menuChromakey");
     QTest::qWait(1500);
-    QSignalSpy frames(h->window, &QQuickWindow::frameSwapped);
-    QTest::qWait(10000);
-    QCOMPARE(frames.size(), 0);
+    QVERIFY(h->rests(10000));
 }
 
 int main(int argc, char **argv)

@@ -62,22 +62,44 @@ bool ScreenHarness::standsClosed(const QString &popup) const
     return QTest::qWaitFor([&] { return !flag(popup + QStringLiteral(".visible")); });
 }
 
+bool ScreenHarness::rests(int ms) const
+{
+    constexpr int kTries = 20;
+    QSignalSpy frames(window, &QQuickWindow::afterAnimating);
+    for (int i = 0; i < kTries; ++i) {
+        frames.clear();
+        QTest::qWait(ms);
+        if (frames.isEmpty())
+            return true;
+    }
+    return false;
+}
+
+// Straight to the window, and without a turn of the event loop, as the test library would do: a timer of the panel that
+// the gesture starts does not run out in it, however slow the machine.
+void ScreenHarness::send(QEvent::Type type, const QPoint &place, Qt::MouseButton button,
+                         Qt::MouseButtons held)
+{
+    QMouseEvent event(type, place, window->mapToGlobal(place), button, held, {});
+    event.setTimestamp(static_cast<ulong>(++QTest::lastMouseTimestamp));
+    QCoreApplication::sendEvent(window, &event);
+    QCoreApplication::sendPostedEvents();
+}
+
 void ScreenHarness::press(const QPoint &place)
 {
-    QTest::mouseMove(window, place);
-    QTest::mousePress(window, Qt::LeftButton, {}, place);
+    send(QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton);
+    send(QEvent::MouseButtonPress, place, Qt::LeftButton, Qt::LeftButton);
 }
 
 void ScreenHarness::move(const QPoint &place)
 {
-    // A plain mouseMove of the test library tells no button.
-    QMouseEvent event(QEvent::MouseMove, place, window->mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(window, &event);
+    send(QEvent::MouseMove, place, Qt::NoButton, Qt::LeftButton);
 }
 
 void ScreenHarness::release(const QPoint &place)
 {
-    QTest::mouseRelease(window, Qt::LeftButton, {}, place);
+    send(QEvent::MouseButtonRelease, place, Qt::LeftButton, Qt::NoButton);
 }
 
 void ScreenHarness::clickAt(const QPoint &place)

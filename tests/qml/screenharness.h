@@ -44,6 +44,9 @@ public:
     QPoint middle(QQuickItem *target) const { return at(target, target->width() / 2, target->height() / 2); }
     QPoint corner(const QString &id) const { return at(item(id), 0, 0); }
 
+    // Whether nothing is drawn for so long. What has begun to move may come to its end before, which takes a busy machine
+    // its time; what goes on moving never rests.
+    bool rests(int ms) const;
     // A popup takes the pointer as soon as it shows, but stands still only once it is opened.
     bool standsOpen(const QString &popup) const;
     bool standsClosed(const QString &popup) const;
@@ -91,5 +94,7 @@ protected:
     static QImage drawn(QQuickItem *target, const QString &name);
 
 private:
+    void send(QEvent::Type type, const QPoint &place, Qt::MouseButton button, Qt::MouseButtons held);
+
     Messages m_messages;
 };

@@ -1,4 +1,5 @@
 #include "chromapanel.h"
+#include "tests/support/stopwatch.h"
 
 #include <numeric>
 
@@ -61,19 +62,18 @@ void TestChromaFolding::folding()
     QCOMPARE(h->number(height), atStart);
     QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_show_dashboard"));
     h->seen(header + "foldButton");
-    QElapsedTimer clock;
-    clock.start();
+    const support::Stopwatch clock;
     h->click(h->seen(header + "foldButton"));
     QVERIFY(h->flag(folded));
     QVERIFY(!h->flag(inside + ".enabled"));
     QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_hide_dashboard"));
     QVERIFY(h->number(height) > 74);
-    QTRY_COMPARE_WITH_TIMEOUT(h->number(height), 74, 1000);
-    QVERIFY(clock.elapsed() >= 180);
+    QTRY_COMPARE(h->number(height), 74);
+    VERIFY_TOOK(clock, 180, 1000);
     QCOMPARE(h->number("scrollContent.contentHeight"), others + 74);
     h->click(h->seen(header + "foldButton"));
     QVERIFY(h->flag(inside + ".enabled"));
-    QTRY_COMPARE_WITH_TIMEOUT(h->number(height), unfolded, 1000);
+    QTRY_COMPARE(h->number(height), unfolded);
     QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_show_dashboard"));
     QCOMPARE(h->facade.calls, QStringList());
 }
@@ -111,9 +111,9 @@ void TestChromaFolding::hiddenRowsTakeTheirPlace()
         const QString height = QStringLiteral("pageCK_ContentArea0%1.height").arg(section);
         const QString fold = QStringLiteral("pageCK_ContentHeader0%1.foldButton").arg(section);
         h->click(h->seen(fold));
-        QTRY_COMPARE_WITH_TIMEOUT(h->number(height), 74, 1000);
+        QTRY_COMPARE(h->number(height), 74);
         h->click(h->seen(fold));
-        QTRY_COMPARE_WITH_TIMEOUT(h->number(height), unfolded.at(section - 1), 1000);
+        QTRY_COMPARE(h->number(height), unfolded.at(section - 1));
         // The column lays out what lies below with the next frame.
         QTRY_COMPARE(h->number("pageCK_ContentArea06.y + pageCK_ContentArea06.height"),
                      h->number("scrollContent.contentHeight"));

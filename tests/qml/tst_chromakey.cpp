@@ -153,14 +153,14 @@ void TestChromakey::longDragSendsOneCommandPerWindow()
     h->press(h->handle(slider, 900));
     const qint64 start = h->facade.now();
     int step = 0;
-    while (h->facade.now() - start < 600) {
-        h->move(h->handle(slider, 900 - 4 * ++step));
+    while (h->facade.timesOf("setCKBWLevel").size() < 5 && h->facade.now() - start < 60000) {
+        h->move(h->handle(slider, 900 - 4 * (++step % 200)));
         QTest::qWait(5);
     }
     h->release(h->handle(slider, 900 - 4 * step));
     h->waitForThrottle();
     const QVector<qint64> times = h->facade.timesOf("setCKBWLevel");
-    QVERIFY2(times.size() >= 3 && times.size() <= 13, qPrintable(QString::number(times.size())));
+    QVERIFY2(times.size() >= 5, qPrintable(QString::number(times.size())));
     for (int i = 1; i < times.size(); ++i)
         QVERIFY(times.at(i) - times.at(i - 1) >= 30);
     QCOMPARE(h->callsButPolls().last(),

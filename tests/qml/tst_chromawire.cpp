@@ -1,6 +1,7 @@
 #include "chromapanel.h"
 
 #include "control/maincontrol.h"
+#include "tests/support/stopwatch.h"
 #include "tests/support/unithost.h"
 
 // The chromakey page with the real facade and a stand-in unit: from the mouse to the byte, and back.
@@ -88,15 +89,17 @@ void TestChromaWire::blackLevelFromTheMouseToTheByte()
 {
     QSignalSpy told(control.get(), &mainControl::refreshCKBWLevel);
     const qint64 start = standin::monotonicNs();
+    const support::Stopwatch clock;
     h->drag("blackLevel.itemSlider", 500);
     const int black = h->number("blackLevel.sliderValue");
     QVERIFY(qAbs(black - 500) < 20);
     QCOMPARE(frames(), QStringList());
-    QTRY_COMPARE_WITH_TIMEOUT(frames().size(), 1, 1000);
+    QTRY_COMPARE(frames().size(), 1);
     // The throttle stands between the move and the frame.
     const standin::FrameRecord frame = unit->record().constFirst();
     const qint64 afterMs = (frame.ns - start) / 1000000;
-    QVERIFY2(afterMs >= 30 && afterMs < 1000, qPrintable(QString::number(afterMs)));
+    QVERIFY2(afterMs >= 30, qPrintable(QString::number(afterMs)));
+    VERIFY_TOOK(clock, 30, 1000);
     const QByteArray payload =
         QByteArray().append(char(black & 0xff)).append(char(black >> 8)).append("\x6c\x03\x01", 3);
     QCOMPARE(frame.code, 0xd2);
@@ -148,7 +151,7 @@ void TestChromaWire::oneGesturePerGroup()
     const int before = h->number(shown);
     h->click(h->seen(button));
     QVERIFY(h->number(shown) != before);
-    QTRY_COMPARE_WITH_TIMEOUT(frames().size(), 1, 1000);
+    QTRY_COMPARE(frames().size(), 1);
     QCOMPARE(unit->record().constFirst().code, code);
     int held = -1;
     unit->withUnit([&](standin::Unit &it) { held = it.value(record, field); });
@@ -157,13 +160,14 @@ void TestChromaWire::oneGesturePerGroup()
 
 void TestChromaWire::typedLevelFollowsTheUnit()
 {
+    const support::Stopwatch watch; // a frame may be noted late, and the next one then seems early
     h->typeInto(h->item("blackLevel.itemText"), QStringLiteral("700"));
     QCOMPARE(h->number("blackLevel.sliderValue"), 700);
     QCOMPARE(frames().mid(0, 2), QStringList({"d2 bc 02 6c 03 01", "52"}));
     const QVector<standin::FrameRecord> record = unit->record();
-    QVERIFY(record.at(1).ns - record.at(0).ns >= 150 * 1000000LL);
+    QVERIFY((record.at(1).ns - record.at(0).ns) / 1000000 + watch.stalled() >= 150);
     // The slider was moved by the report: that goes back once, with the same values.
-    QTRY_COMPARE_WITH_TIMEOUT(frames().size(), 3, 1000);
+    QTRY_COMPARE(frames().size(), 3);
     QCOMPARE(frames().at(2), QStringLiteral("d2 bc 02 6c 03 01"));
 }
 
@@ -227,15 +231,17 @@ void TestChromaWire::dragOnThePadReachesTheUnit()
     QTRY_VERIFY(h->flag("popupColorPicker.opened"));
     unit->clearRecord();
     QQuickItem *pad = h->item("colorPickerMouseArea");
-    h->press(h->at(pad, 20, 20));
+    // However long it takes: a busy machine sends them more slowly, and never more often than every 200 ms.
     QElapsedTimer clock;
     clock.start();
-    while (clock.elapsed() < 2000) {
-        h->move(h->at(pad, 20 + double(clock.elapsed()) / 5, 100));
+    h->press(h->at(pad, 20, 20));
+    int sent = 0;
+    for (int step = 0; sent < 6 && clock.elapsed() < 60000; ++step) {
+        h->move(h->at(pad, 20 + step % 400, 100));
         QTest::qWait(5);
+        sent = frames().filter("dd 03").size();
     }
-    const int sent = frames().filter("dd 03").size();
-    QVERIFY2(sent >= 4 && sent <= 10, qPrintable(QString::number(sent)));
+    QVERIFY2(sent >= 6 && clock.elapsed() >= 180 * sent, qPrintable(QString::number(clock.elapsed())));
     h->move(h->at(pad, 600, 100));
     QVERIFY(frames().last().startsWith("dd 00 "));
     const int total = frames().size();

@@ -15,6 +15,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <limits>
 #include <sys/stat.h>
 
 using support::Program;
@@ -255,11 +256,19 @@ void TestOptions::logsThatNobodyReads()
 void TestOptions::timesOfTheProgram()
 {
     const QString address = support::ownLoopback(1);
-    const auto duration = [&address](int code, const QByteArray &payload) {
-        RawNetwork link(address);
-        QElapsedTimer clock;
-        clock.start();
-        return link.exchange(requestBody(code, payload), 5000).isEmpty() ? -1 : clock.elapsed();
+    // The least of some tries, as many as it takes to come below `below`: a busy machine is late at times, a unit that
+    // takes longer than it should does so each time.
+    const auto duration = [&address](int code, const QByteArray &payload, qint64 below) {
+        constexpr int kTries = 12;
+        qint64 least = std::numeric_limits<qint64>::max();
+        for (int i = 0; i < kTries && least >= below; ++i) {
+            RawNetwork link(address);
+            QElapsedTimer clock;
+            clock.start();
+            if (!link.exchange(requestBody(code, payload), 10000).isEmpty())
+                least = std::min(least, clock.elapsed());
+        }
+        return least;
     };
     const QByteArray scan = QByteArray(6, '\0') + '\2';
     {
@@ -267,16 +276,17 @@ void TestOptions::timesOfTheProgram()
         // 1000 ms of its shortest wait where a format's checksum is 0.
         Program program({QStringLiteral("--address"), address});
         QVERIFY(program.isReady());
-        const qint64 key = duration(0xD0, scan);
+        const qint64 key = duration(0xD0, scan, 1900);
         QVERIFY2(key >= 1200 && key < 1900, qPrintable(QString::number(key)));
-        const qint64 format = duration(0xE0, QByteArray::fromHex("030201"));
+        const qint64 format = duration(0xE0, QByteArray::fromHex("030201"), 950);
         QVERIFY2(format >= 500 && format < 950, qPrintable(QString::number(format)));
     }
     Program program({QStringLiteral("--address"), address, QStringLiteral("--key-time"), QStringLiteral("0"),
                      QStringLiteral("--format-time"), QStringLiteral("1000")});
     QVERIFY(program.isReady());
-    QVERIFY(duration(0xD0, scan) < 700);
-    QVERIFY(duration(0xE0, QByteArray::fromHex("030201")) >= 1000);
+    QVERIFY(duration(0xD0, scan, 700) < 700);
+    const qint64 slow = duration(0xE0, QByteArray::fromHex("030201"), 10000);
+    QVERIFY2(slow >= 1000 && slow < 10000, qPrintable(QString::number(slow)));
 }
 
 void TestOptions::crowdOnTheLoopback()

@@ -160,8 +160,10 @@ void TestWire::framesInOneWrite()
     UnitHost host;
     RawNetwork link(host.address());
     link.send(bytes("00 06 03 00 6c 6f 00 06 03 00 6f 72"));
-    QCOMPARE(hex(link.receive()),
-             QStringLiteral("00 0c 09 00 6c 01 05 02 23 10 2a da 00 08 05 00 6f 40 00 b4"));
+    QByteArray replies = link.receive();
+    if (replies.size() == 12) // the second one on its own, on a busy machine
+        replies += link.receive();
+    QCOMPARE(hex(replies), QStringLiteral("00 0c 09 00 6c 01 05 02 23 10 2a da 00 08 05 00 6f 40 00 b4"));
     QCOMPARE(host.codes(), QVector<int>({0x6c, 0x6f}));
 }
 
@@ -202,7 +204,7 @@ void TestWire::incompleteFrameIsGivenUp()
     UnitHost host;
     RawNetwork link(host.address());
     link.send(bytes("00 08 05 00 d1"));
-    QCOMPARE(hex(link.receive(1500)), QStringLiteral("00 05 02 82 84"));
+    QCOMPARE(hex(link.receive()), QStringLiteral("00 05 02 82 84"));
     link.send(bytes("00 06 03 00 6c 6f"));
     QCOMPARE(link.receive().size(), 12);
 }
@@ -339,6 +341,7 @@ void TestWire::recordHoldsFramesInOrder()
     UnitHost host;
     RawNetwork link(host.address());
     link.exchange(requestBody(0x51));
+    const qint64 betweenNs = standin::monotonicNs(); // the first frame is answered, and so noted
     QTest::qWait(50);
     link.exchange(requestBody(0xD2, bytes("e803010101")));
     const QVector<standin::FrameRecord> frames = host.record();
@@ -346,7 +349,7 @@ void TestWire::recordHoldsFramesInOrder()
     QCOMPARE(hex(frames[1].raw), QStringLiteral("00 0b 08 00 d2 e8 03 01 01 01 c8"));
     QCOMPARE(frames[1].reply, frames[1].raw);
     QCOMPARE(frames[1].describe(), QStringLiteral("SET_LEVELS black=1000 white=257 matte=1"));
-    QVERIFY(frames[1].ns - frames[0].ns >= 50000000);
+    QVERIFY(frames[0].ns <= betweenNs && frames[1].ns - betweenNs >= 50000000);
     link.exchange(requestBody(0xD2, bytes("00000000"), 0x80));
     QCOMPARE(host.record().last().name(), QStringLiteral("RESET_LEVELS"));
     host.clearRecord();

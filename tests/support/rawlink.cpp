@@ -14,13 +14,13 @@ RawNetwork::RawNetwork(const QString &address)
 {
     constexpr quint16 kPort = 5002;
     socket.connectToHost(address, kPort);
-    socket.waitForConnected(2000);
+    socket.waitForConnected(10000);
 }
 
 void RawNetwork::send(const QByteArray &bytes)
 {
     socket.write(bytes);
-    socket.waitForBytesWritten(1000);
+    socket.waitForBytesWritten(10000);
 }
 
 QByteArray RawNetwork::receive(int longestMs, int quietMs)

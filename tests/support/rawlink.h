@@ -15,10 +15,10 @@ public:
     bool isUp() const { return socket.state() == QAbstractSocket::ConnectedState; }
     void send(const QByteArray &bytes);
     // What arrives until the line has been quiet for `quietMs`, at most `longestMs` for the first byte.
-    QByteArray receive(int longestMs = 2000, int quietMs = 30);
+    QByteArray receive(int longestMs = 10000, int quietMs = 30);
     // Sends a body with its two leading length bytes, and gives the reply's body without them.
-    QByteArray exchange(const QByteArray &body, int longestMs = 2000);
-    bool waitForEnd(int ms = 2000);
+    QByteArray exchange(const QByteArray &body, int longestMs = 10000);
+    bool waitForEnd(int ms = 10000);
 
 private:
     QTcpSocket socket;
@@ -34,8 +34,8 @@ public:
 
     bool isUp() const { return file >= 0; }
     void send(const QByteArray &bytes) const;
-    QByteArray receive(int longestMs = 2000, int quietMs = 30) const;
-    QByteArray exchange(const QByteArray &body, int longestMs = 2000) const;
+    QByteArray receive(int longestMs = 10000, int quietMs = 30) const;
+    QByteArray exchange(const QByteArray &body, int longestMs = 10000) const;
 
 private:
     int file;
