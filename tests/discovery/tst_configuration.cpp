@@ -1,37 +1,18 @@
-#include "datagrams.h"
-#include "discovery/hlnp.h"
+#include "configurationbench.h"
 #include "tests/support/logcapture.h"
-#include "tests/support/loopback.h"
 #include "tests/support/stopwatch.h"
-
-#include <QElapsedTimer>
-#include <QSignalSpy>
-#include <QtTest>
-
-#include <functional>
-#include <thread>
 
 using support::LogCapture;
 using support::ownLoopback;
 
-// The commands that go to one address, on loopback: the unit is a socket whose answer waits before the request
-// is sent, and whose request is read afterwards. The three broadcast commands need a network of their own.
-
-namespace {
-
-using Command = std::function<QString(HLNP &, const QString &target, const QString &value)>;
-
-} // namespace
-Q_DECLARE_METATYPE(Command)
-
-class TestConfiguration : public QObject
+// What the commands that go to one address send, and what they refuse to.
+class TestConfiguration : public ConfigurationBench
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-
+    void init() { ConfigurationBench::init(); }
+    void cleanup() { ConfigurationBench::cleanup(); }
     void commands_data();
     void commands();
     void badTextsSendNothing_data();
@@ -40,93 +21,9 @@ private slots:
     void hostNames();
     void oddNumbers();
     void aWriteThatFails();
-    void aFailedWriteLeavesTheNextExchangeItsEars();
-    void anyDatagramOfTheTargetDecides();
-    void anAnswerFromElsewhereIsIgnored();
-    void aSecondAnswerDecidesAfterAnUnclearOne();
-    void anEmptyDatagramTakesTheBufferOver();
-    void anUnclearAnswerIsSuccess();
-    void silenceAfterSetDhcpName();
-    void silenceAfterSetMacAdr();
-    void silenceAfterSetNetmask();
-    void silenceAfterSetGateway();
-    void silenceAfterSetPrimDns();
-    void silenceAfterSetSecDns();
     void firmwareVersionGoesToRowZero();
     void theFormIsKeptForTheLog();
-
-private:
-    void answer(QUdpSocket &from, const QByteArray &datagram);
-    QByteArray sent(); // the request that the unit received, empty for none
-    void silence(const Command &command, const QString &value, qint64 lowest);
-
-    HLNP *hlnp = nullptr;
-    QUdpSocket *unit = nullptr;
-    QUdpSocket *stranger = nullptr;
-    QString target;
 };
-
-static QString setDhcpName(HLNP &hlnp, const QString &target, const QString &value)
-{
-    return hlnp.setDhcpName(QString(), target, value);
-}
-static QString setMacAdr(HLNP &hlnp, const QString &target, const QString &value)
-{
-    return hlnp.setMacAdr(QString(), target, value);
-}
-static QString setNetmask(HLNP &hlnp, const QString &target, const QString &value)
-{
-    return hlnp.setNetmask(QString(), target, value);
-}
-static QString setGateway(HLNP &hlnp, const QString &target, const QString &value)
-{
-    return hlnp.setGateway(QString(), target, value);
-}
-static QString setPrimDns(HLNP &hlnp, const QString &target, const QString &value)
-{
-    return hlnp.setPrimDNS(QString(), target, value);
-}
-static QString setSecDns(HLNP &hlnp, const QString &target, const QString &value)
-{
-    return hlnp.setSecDNS(QString(), target, value);
-}
-
-void TestConfiguration::init()
-{
-    hlnp = new HLNP;
-    target = ownLoopback(7);
-    unit = new QUdpSocket;
-    stranger = new QUdpSocket;
-    QVERIFY(hlnp->findChild<QUdpSocket *>()->bind(QHostAddress(ownLoopback(1)), 0));
-    QVERIFY2(unit->bind(QHostAddress(target), 5002), qPrintable(unit->errorString()));
-    QVERIFY2(stranger->bind(QHostAddress(ownLoopback(70)), 5002), qPrintable(stranger->errorString()));
-}
-
-void TestConfiguration::cleanup()
-{
-    delete hlnp;
-    delete unit;
-    delete stranger;
-    hlnp = nullptr;
-    unit = nullptr;
-    stranger = nullptr;
-}
-
-void TestConfiguration::answer(QUdpSocket &from, const QByteArray &datagram)
-{
-    const auto *socket = hlnp->findChild<QUdpSocket *>();
-    if (from.writeDatagram(datagram, socket->localAddress(), socket->localPort()) != datagram.size())
-        qFatal("The unit can't answer: %s", qPrintable(from.errorString()));
-}
-
-QByteArray TestConfiguration::sent()
-{
-    if (!unit->hasPendingDatagrams())
-        return QByteArray();
-    QByteArray datagram(2000, '\0');
-    datagram.resize(static_cast<int>(unit->readDatagram(datagram.data(), datagram.size())));
-    return datagram;
-}
 
 void TestConfiguration::commands_data()
 {
@@ -279,117 +176,6 @@ void TestConfiguration::aWriteThatFails()
     QCOMPARE(setPrimDns(*hlnp, outside, address), text);
     QCOMPARE(setSecDns(*hlnp, outside, address), text);
     VERIFY_TOOK(clock, 0, 2000);
-}
-
-void TestConfiguration::aFailedWriteLeavesTheNextExchangeItsEars()
-{
-    QVERIFY(setNetmask(*hlnp, QStringLiteral("192.0.2.1"), QStringLiteral("1.2.3.4"))
-            != QStringLiteral("OK"));
-    const auto *socket = hlnp->findChild<QUdpSocket *>();
-    const QHostAddress panel = socket->localAddress();
-    const quint16 port = socket->localPort();
-    support::Stopwatch clock;
-    std::thread late([this, panel, port] {
-        QThread::msleep(2500); // in the third try
-        unit->writeDatagram(acknowledgement(0x0B, 0x15), panel, port);
-    });
-    const QString result = setNetmask(*hlnp, target, QStringLiteral("1.2.3.4"));
-    late.join();
-    QCOMPARE(result, QStringLiteral("NACK"));
-    VERIFY_TOOK(clock, 2500, 4500);
-    QCOMPARE(socket->localPort(), port);
-}
-
-void TestConfiguration::anyDatagramOfTheTargetDecides()
-{
-    // Neither code nor length is compared, and what waited from before counts: here a long refusal of another
-    // command, and after it the answer that the request itself would have had.
-    answer(*unit, QByteArray::fromHex("99998133") + '\x15' + QByteArray(60, 'x'));
-    answer(*unit, acknowledgement(0x0B, 0x06));
-    QCOMPARE(setNetmask(*hlnp, target, QStringLiteral("1.2.3.4")), QStringLiteral("NACK"));
-    QCOMPARE(setGateway(*hlnp, target, QStringLiteral("1.2.3.4")), QStringLiteral("OK"));
-}
-
-void TestConfiguration::anAnswerFromElsewhereIsIgnored()
-{
-    // The target's address is a part of the stranger's: here only the whole text counts.
-    QVERIFY(stranger->localAddress().toString().contains(target));
-    answer(*stranger, acknowledgement(0x0B, 0x15));
-    answer(*unit, acknowledgement(0x0B, 0x06));
-    support::Stopwatch clock;
-    QCOMPARE(setNetmask(*hlnp, target, QStringLiteral("1.2.3.4")), QStringLiteral("OK"));
-    VERIFY_TOOK(clock, 100, 1000);
-}
-
-void TestConfiguration::aSecondAnswerDecidesAfterAnUnclearOne()
-{
-    answer(*unit, acknowledgement(0x0D, 0x07));
-    answer(*unit, acknowledgement(0x0D, 0x15));
-    support::Stopwatch clock;
-    QCOMPARE(setPrimDns(*hlnp, target, QStringLiteral("1.2.3.4")), QStringLiteral("NACK"));
-    VERIFY_TOOK(clock, 200, 1200);
-}
-
-void TestConfiguration::anEmptyDatagramTakesTheBufferOver()
-{
-    // A stranger's refusal stays in the buffer, and an empty datagram of the target makes it the target's.
-    answer(*stranger, acknowledgement(0x0B, 0x15));
-    answer(*unit, QByteArray());
-    QCOMPARE(setNetmask(*hlnp, target, QStringLiteral("1.2.3.4")), QStringLiteral("NACK"));
-}
-
-void TestConfiguration::anUnclearAnswerIsSuccess()
-{
-    answer(*unit, acknowledgement(0x0B, 0x07));
-    const LogCapture log;
-    support::Stopwatch clock;
-    QCOMPARE(setNetmask(*hlnp, target, QStringLiteral("1.2.3.4")), QStringLiteral("OK"));
-    QVERIFY(clock.elapsed() >= 10 * 1000 + 11 * 100); // the first try found something at once
-    QCOMPARE(LogCapture::count(QStringLiteral("Set MASK:While get datagram.")), 11);
-}
-
-void TestConfiguration::silence(const Command &command, const QString &value, qint64 lowest)
-{
-    const LogCapture log;
-    support::Stopwatch clock;
-    QCOMPARE(command(*hlnp, target, value), QStringLiteral("OK"));
-    VERIFY_TOOK(clock, lowest - 5, lowest + 1000);
-    QVERIFY(!sent().isEmpty());
-    QVERIFY(sent().isEmpty()); // asked once
-    const QStringList tries = LogCapture::logs().filter(QStringLiteral(":While get datagram."));
-    QCOMPARE(tries.size(), 11);
-    QVERIFY(tries.first().endsWith(QStringLiteral(" 0")));
-    QVERIFY(tries.last().endsWith(QStringLiteral(" 10")));
-}
-
-void TestConfiguration::silenceAfterSetDhcpName()
-{
-    silence(setDhcpName, QStringLiteral("name"), 12100);
-}
-
-void TestConfiguration::silenceAfterSetMacAdr()
-{
-    silence(setMacAdr, QStringLiteral("1:2:3:4:5:6"), 12100);
-}
-
-void TestConfiguration::silenceAfterSetNetmask()
-{
-    silence(setNetmask, QStringLiteral("1.2.3.4"), 12100);
-}
-
-void TestConfiguration::silenceAfterSetGateway()
-{
-    silence(setGateway, QStringLiteral("1.2.3.4"), 12100);
-}
-
-void TestConfiguration::silenceAfterSetPrimDns()
-{
-    silence(setPrimDns, QStringLiteral("1.2.3.4"), 13200);
-}
-
-void TestConfiguration::silenceAfterSetSecDns()
-{
-    silence(setSecDns, QStringLiteral("1.2.3.4"), 13200);
 }
 
 void TestConfiguration::firmwareVersionGoesToRowZero()

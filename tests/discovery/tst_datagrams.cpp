@@ -1,28 +1,17 @@
-#include "datagrams.h"
-#include "discovery/hlnp.h"
-#include "discovery/hlnpstate.h"
+#include "datagrambench.h"
 #include "tests/support/logcapture.h"
-#include "tests/support/loopback.h"
-#include "tests/support/stopwatch.h"
-
-#include <QElapsedTimer>
-#include <QSignalSpy>
-#include <QtTest>
 
 using support::LogCapture;
 using support::ownLoopback;
 
-// The datagrams of the devices arrive on loopback: the socket of discovery is bound there by the test, and each
-// device is a socket on port 5002 of an address of its own.
-
-class TestDatagrams : public QObject
+// What a single datagram of a device does: a record, an acknowledgement, a model.
+class TestDatagrams : public DatagramBench
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-
+    void init() { DatagramBench::init(); }
+    void cleanup() { DatagramBench::cleanup(); }
     void aRecordFillsARow();
     void aHostNameOfSixteenBytesIsReadWhole();
     void anyNonzeroFlagMeansDhcp();
@@ -36,60 +25,7 @@ private slots:
     void aModelReplyOfWrongLengthIsDropped();
     void aModelNameEndsAtItsTerminator();
     void anUnterminatedModelNameRunsOnIntoTheBuffer();
-    void aLongDatagramIsCutAndDropped();
-    void exactlyElevenReads();
-    void anEmptyCollectionTakesElevenSleeps();
-    void anUnboundSocketChangesNothing();
-    void foreignPortsAreAcceptedSixHundredAndSixtySixTimes();
-    void deviceHundredAndOneIsWrittenNowhere();
-    void clearRestartsTheRowsAndKeepsTheTables();
-
-private:
-    void send(const QByteArray &datagram, int from = 10, quint16 port = 5002);
-    void collect(); // until everything sent so far is read
-    hlnp_network_info &network(int row) { return hlnp->allHlnpDevice[row].zcm.hlnpnetwork; }
-
-    HLNP *hlnp = nullptr;
-    QUdpSocket *socket = nullptr;
-    QHash<QString, QUdpSocket *> devices;
 };
-
-void TestDatagrams::init()
-{
-    hlnp = new HLNP;
-    hlnp->scanSlot(QStringLiteral("clear"), 0); // the counters live beside the object
-    debugScanDeviceCount = 0;
-    socket = hlnp->findChild<QUdpSocket *>();
-    QVERIFY(socket != nullptr);
-    QVERIFY(socket->bind(QHostAddress(ownLoopback(1)), 0));
-}
-
-void TestDatagrams::cleanup()
-{
-    qDeleteAll(devices);
-    devices.clear();
-    delete hlnp;
-    hlnp = nullptr;
-}
-
-void TestDatagrams::send(const QByteArray &datagram, int from, quint16 port)
-{
-    QUdpSocket *&device = devices[QStringLiteral("%1:%2").arg(from).arg(port)];
-    if (device == nullptr) {
-        device = new QUdpSocket;
-        if (!device->bind(QHostAddress(ownLoopback(from)), port))
-            qFatal("No device at %s: %s", qPrintable(ownLoopback(from)), qPrintable(device->errorString()));
-    }
-    if (device->writeDatagram(datagram, socket->localAddress(), socket->localPort()) != datagram.size())
-        qFatal("A device can't answer: %s", qPrintable(device->errorString()));
-}
-
-void TestDatagrams::collect()
-{
-    do {
-        hlnp->processDatagrams();
-    } while (!hlnp->scanDone);
-}
 
 void TestDatagrams::aRecordFillsARow()
 {
@@ -325,157 +261,6 @@ void TestDatagrams::anUnterminatedModelNameRunsOnIntoTheBuffer()
     send(modelNameReply(QByteArray(46, 'z'))); // nothing ends it but the buffer
     hlnp->processDatagrams();
     QCOMPARE(network(0).modelname, QString(46, QLatin1Char('z')));
-}
-
-void TestDatagrams::aLongDatagramIsCutAndDropped()
-{
-    send(numberedRecord(1, ownLoopback(10)).datagram());
-    hlnp->processDatagrams();
-    QByteArray tooLong = modelNameReply(QByteArray("long") + QByteArray(43, '\0'));
-    QCOMPARE(tooLong.size(), 51);
-    send(tooLong);
-    hlnp->processDatagrams();
-    QVERIFY(network(0).modelname.isEmpty());
-    tooLong[1] = 50; // the length field happens to say what is left of it
-    send(tooLong);
-    hlnp->processDatagrams();
-    QCOMPARE(network(0).modelname, QStringLiteral("long"));
-}
-
-void TestDatagrams::exactlyElevenReads()
-{
-    for (int i = 1; i <= 12; ++i)
-        send(numberedRecord(i, QStringLiteral("10.0.0.%1").arg(i)).datagram());
-    support::Stopwatch clock;
-    hlnp->processDatagrams();
-    VERIFY_TOOK(clock, 0, 1000);
-    QCOMPARE(hlnp->deviceCount, 11);
-    QCOMPARE(hlnp->scanDone, false);
-
-    clock.restart();
-    hlnp->processDatagrams();
-    QVERIFY(clock.elapsed() >= 1000);
-    QCOMPARE(hlnp->deviceCount, 12);
-    QCOMPARE(hlnp->scanDone, true);
-}
-
-void TestDatagrams::anEmptyCollectionTakesElevenSleeps()
-{
-    const LogCapture log;
-    support::Stopwatch clock;
-    hlnp->processDatagrams();
-    VERIFY_TOOK(clock, 1100, 10000);
-    QCOMPARE(LogCapture::count(QStringLiteral("processDatagrams() Read length :")), 11);
-}
-
-void TestDatagrams::anUnboundSocketChangesNothing()
-{
-    HLNP unbound;
-    const LogCapture log; // the toolkit complains about each read
-    support::Stopwatch clock;
-    unbound.processDatagrams();
-    QVERIFY(clock.elapsed() >= 1100);
-    QCOMPARE(unbound.deviceCount, 0);
-    QCOMPARE(unbound.scanDone, true);
-}
-
-void TestDatagrams::foreignPortsAreAcceptedSixHundredAndSixtySixTimes()
-{
-    const LogCapture log;
-    const DeviceRecord known = numberedRecord(1, QStringLiteral("10.0.0.1"));
-    const auto repeatKnown = [this, &known](int times) {
-        for (int i = 1; i <= times; ++i) {
-            send(known.datagram(), 10, 6000);
-            if (i % 11 == 0)
-                hlnp->processDatagrams();
-        }
-        collect();
-    };
-    send(known.datagram()); // an accepted record: the count begins again
-    collect();
-    repeatKnown(665);
-    send(numberedRecord(2, QStringLiteral("10.0.0.2")).datagram(), 10, 6000); // the 666th
-    collect();
-    QCOMPARE(hlnp->deviceCount, 2);
-
-    repeatKnown(666);
-    send(numberedRecord(3, QStringLiteral("10.0.0.3")).datagram(), 10, 6000); // the 667th
-    collect();
-    QCOMPARE(hlnp->deviceCount, 2);
-    QVERIFY(network(2).macadd != QStringLiteral("02:5C:A7:10:00:03"));
-    QCOMPARE(LogCapture::logs().filter(QStringLiteral("Sender port is not 5002. ReturnCount : 667")).size(),
-             1);
-
-    send(numberedRecord(3, QStringLiteral("10.0.0.3")).datagram()); // from the right port: taken, and
-    send(numberedRecord(4, QStringLiteral("10.0.0.4")).datagram(), 10, 6000); // others are again
-    collect();
-    QCOMPARE(hlnp->deviceCount, 4);
-}
-
-void TestDatagrams::deviceHundredAndOneIsWrittenNowhere()
-{
-    for (int i = 1; i <= 102; ++i) {
-        DeviceRecord record = numberedRecord(i, QStringLiteral("10.0.0.%1").arg(i));
-        if (i > 100)
-            record.name = "One too many";
-        send(record.datagram());
-        if (i % 11 == 0)
-            hlnp->processDatagrams();
-    }
-    send(numberedRecord(5, QStringLiteral("10.0.0.5")).datagram()); // a duplicate leaves no remains either
-    collect();
-    QCOMPARE(hlnp->deviceCount, 100);
-    QCOMPARE(network(99).ipadd, QStringLiteral("10.0.0.100"));
-    for (int i = 0; i < 100; ++i)
-        QCOMPARE(network(i).name, QStringLiteral("QKV720"));
-    for (const hlnp_device_info &row : hlnp->qkvDevice)
-        QVERIFY(row.zcm.hlnpnetwork.name.isEmpty() && row.zcm.hlnpnetwork.macadd.isEmpty());
-    emit hlnp->zcmScanDone();
-    QVERIFY(hlnp->qkvDeviceList().isEmpty());
-}
-
-void TestDatagrams::clearRestartsTheRowsAndKeepsTheTables()
-{
-    send(numberedRecord(1, QStringLiteral("10.0.0.1")).datagram());
-    send(numberedRecord(2, QStringLiteral("10.0.0.2")).datagram());
-    hlnp->processDatagrams();
-    for (int row : {0, 1}) {
-        network(row).vid = QStringLiteral("0588");
-        network(row).pid = QStringLiteral("1501");
-    }
-    emit hlnp->zcmScanDone();
-    const QStringList listed = {QStringLiteral("10.0.0.1"), QStringLiteral("10.0.0.2")};
-    QCOMPARE(hlnp->qkvDeviceList(), listed);
-    QSignalSpy number(hlnp, &HLNP::scanHlnpNumberSignal);
-    hlnp->netcardlist = QStringList{QStringLiteral("[10.9.9.9] none")};
-    const quint16 port = socket->localPort();
-    hlnp->scanDone = false;
-    hlnp->scanSlot(QStringLiteral("clear"), 7);
-    QCOMPARE(number.size(), 1);
-    QCOMPARE(number.first().first().toInt(), 0);
-    QCOMPARE(socket->localPort(), port);
-    QCOMPARE(hlnp->scanDone, false);
-    QCOMPARE(hlnp->netcardlist.size(), 1);
-    QCOMPARE(hlnp->deviceCount, 2);
-    // Both tables keep the last scan, whole rows of it.
-    QCOMPARE(hlnp->qkvDeviceList(), listed);
-    for (int row : {0, 1}) {
-        for (const hlnp_device_info &kept : {hlnp->allHlnpDevice[row], hlnp->qkvDevice[row]}) {
-            const hlnp_network_info &record = kept.zcm.hlnpnetwork;
-            QCOMPARE(record.ipadd, listed.at(row));
-            QCOMPARE(record.macadd, QStringLiteral("02:5C:A7:10:00:0%1").arg(row + 1));
-            QCOMPARE(record.name, QStringLiteral("QKV720"));
-            QCOMPARE(record.maskadd + record.gatewayadd, QStringLiteral("255.255.255.0192.168.72.254"));
-            QCOMPARE(record.vid + record.pid, QStringLiteral("05881501"));
-            QCOMPARE(int(kept.series), row + 1);
-        }
-    }
-
-    // And yet the next record goes to the first row.
-    send(numberedRecord(3, QStringLiteral("10.0.0.3")).datagram());
-    hlnp->processDatagrams();
-    QCOMPARE(network(0).ipadd, QStringLiteral("10.0.0.3"));
-    QCOMPARE(hlnp->deviceCount, 1);
 }
 
 QTEST_GUILESS_MAIN(TestDatagrams)

@@ -1,24 +1,14 @@
-#include "pageharness.h"
-#include "tests/support/checked.h"
+#include "lumakeybench.h"
 
-// The luma key page: polarity radios, layer switch, four sliders.
-class TestLumakey : public QObject
+// The luma key page: switches, polarity radios, and what a report shows.
+class TestLumakey : public LumakeyBench
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { LumakeyBench::init(); }
+    void cleanup() { LumakeyBench::cleanup(); }
     void startsOffButDrawnAsEnabled();
-    void rowTitlesAndRanges_data();
-    void rowTitlesAndRanges();
-    void loadingSendsNothing();
-    void everyRowGoesThroughTheThrottle_data();
-    void everyRowGoesThroughTheThrottle();
-    void typedNumberGoesTheDirectWay_data();
-    void typedNumberGoesTheDirectWay();
-    void groupSignsShowTheirNumber_data() { listLocales(); }
-    void groupSignsShowTheirNumber();
     void mainSwitchAppliesTheSets();
     void radioChoosesOnRelease_data();
     void radioChoosesOnRelease();
@@ -32,37 +22,12 @@ private slots:
     void refreshWritesEverything();
     void refreshOffShowsTheDisabledSet();
     void languageLeavesDisabledFaces();
-    void dragEndsOnTheLastValue();
     void nothingMovesWithTheLanguage();
 
 private:
-    void turnOn();
     void checkOnSet();
     void checkOffSet();
-
-    std::unique_ptr<PageHarness> h;
 };
-
-void TestLumakey::init()
-{
-    h = std::make_unique<PageHarness>("PageAuxLumakey { id: page; anchors.fill: parent }");
-    QVERIFY(h->show());
-}
-
-void TestLumakey::cleanup()
-{
-    QCOMPARE(Messages::warnings(), QStringList());
-    h.reset();
-    QLocale::setDefault(QLocale::c());
-}
-
-// As the unit tells on connect; moves no slider, so nothing is sent back.
-void TestLumakey::turnOn()
-{
-    emit h->facade.refreshLumaKey(true, 0, 0, 0, 0, 0, 0);
-    QVERIFY(h->flag("auxLumakeyOn"));
-    QCOMPARE(h->facade.calls, QStringList());
-}
 
 void TestLumakey::checkOnSet()
 {
@@ -123,110 +88,6 @@ void TestLumakey::startsOffButDrawnAsEnabled()
     QCOMPARE(h->text("txtAuxLumakeyKeymodeWhite.text"), QStringLiteral("White"));
     QCOMPARE(h->text("auxLumakeyLayer.text"), QStringLiteral("Layer Swap:"));
     QCOMPARE(h->page->position(), QPointF(30, 10));
-}
-
-void TestLumakey::rowTitlesAndRanges_data()
-{
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<int>("high");
-    QTest::newRow("cut off") << "auxLumakeyCutoff"
-                             << "Cut Off:" << 1000;
-    QTest::newRow("softness") << "auxLumakeySoftness"
-                              << "Softness:" << 1000;
-    QTest::newRow("opacity") << "auxLumakeyOpacity"
-                             << "Opacity:" << 1000;
-    QTest::newRow("swap time") << "auxLumakeySwaptime"
-                               << "Swap Time:" << 20;
-}
-
-void TestLumakey::rowTitlesAndRanges()
-{
-    QFETCH(QString, id);
-    QFETCH(QString, title);
-    QFETCH(int, high);
-    QCOMPARE(h->text(id + ".title"), title);
-    QCOMPARE(h->number(id + ".sliderMin"), 0);
-    QCOMPARE(h->number(id + ".sliderMax"), high);
-    QCOMPARE(h->number(id + ".sliderValue"), 0);
-}
-
-void TestLumakey::loadingSendsNothing()
-{
-    QTest::qWait(150);
-    QCOMPARE(h->facade.calls, QStringList());
-}
-
-void TestLumakey::everyRowGoesThroughTheThrottle_data()
-{
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<QString>("sent");
-    QTest::newRow("cut off") << "auxLumakeyCutoff"
-                             << "setLumaKey(true, 0, 1, 0, 0, 0, 0)";
-    QTest::newRow("softness") << "auxLumakeySoftness"
-                              << "setLumaKey(true, 0, 0, 1, 0, 0, 0)";
-    QTest::newRow("swap time") << "auxLumakeySwaptime"
-                               << "setLumaKey(true, 0, 0, 0, 0, 1, 0)";
-    QTest::newRow("opacity") << "auxLumakeyOpacity"
-                             << "setLumaKey(true, 0, 0, 0, 0, 0, 1)";
-}
-
-void TestLumakey::everyRowGoesThroughTheThrottle()
-{
-    QFETCH(QString, id);
-    QFETCH(QString, sent);
-    CHECKED(turnOn());
-    const qint64 start = h->facade.now();
-    h->click(id + ".itemButtonIncrease");
-    QCOMPARE(h->facade.calls, QStringList());
-    QTRY_COMPARE(h->facade.calls, QStringList{sent});
-    QVERIFY(h->facade.times.first() - start >= 49);
-}
-
-void TestLumakey::typedNumberGoesTheDirectWay_data()
-{
-    QTest::addColumn<QString>("id");
-    QTest::addColumn<QString>("sent");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("cut off") << "auxLumakeyCutoff"
-                             << "setLumaKey(false, 0, 9, 0, 0, 0, 0)"
-                             << "onTExtFieldChanged";
-    QTest::newRow("softness") << "auxLumakeySoftness"
-                              << "setLumaKey(false, 0, 0, 9, 0, 0, 0)"
-                              << "";
-    QTest::newRow("swap time") << "auxLumakeySwaptime"
-                               << "setLumaKey(false, 0, 0, 0, 0, 9, 0)"
-                               << "";
-    QTest::newRow("opacity") << "auxLumakeyOpacity"
-                             << "setLumaKey(false, 0, 0, 0, 0, 0, 9)"
-                             << "on Aux Opacity TExtFieldChanged";
-}
-
-void TestLumakey::typedNumberGoesTheDirectWay()
-{
-    QFETCH(QString, id);
-    QFETCH(QString, sent);
-    QFETCH(QString, told);
-    h->typeInto(id + ".itemText", "9");
-    QCOMPARE(h->facade.calls, (QStringList{sent, "msecSleep(100)", "getLumaKey()"}));
-    QCOMPARE(h->number(id + ".sliderValue"), 0);
-    QCOMPARE(Messages::logs().filter("TExtFieldChanged"), told.isEmpty() ? QStringList() : QStringList{told});
-}
-
-// A number goes out as it is shown, group signs or not.
-void TestLumakey::groupSignsShowTheirNumber()
-{
-    QFETCH(QString, locale);
-    QLocale::setDefault(QLocale(locale));
-    h.reset();
-    init();
-    const QStringList rows{"auxLumakeyCutoff", "auxLumakeySoftness", "auxLumakeyOpacity"};
-    const QStringList sent{"1000, 0, 0, 0, 0", "0, 1000, 0, 0, 0", "0, 0, 0, 0, 1000"};
-    for (int i = 0; i < rows.size(); ++i) {
-        h->facade.forget();
-        h->typeInto(rows.at(i) + ".itemText", "1,000");
-        QCOMPARE(h->facade.calls.value(0), "setLumaKey(false, 0, " + sent.at(i) + ")");
-    }
 }
 
 void TestLumakey::mainSwitchAppliesTheSets()
@@ -385,26 +246,6 @@ void TestLumakey::languageLeavesDisabledFaces()
     emit h->facade.refreshLumaKey(true, 0, 0, 0, 1, 0, 0);
     QCOMPARE(h->face("btnAuxLumakeyResetImage.source"), QStringLiteral("TW/btn_n_reset_dashboard"));
     QCOMPARE(h->face("btnAuxLumakeyLayerSwitchImage.source"), QStringLiteral("TW/btn_switch_on_dashboard"));
-}
-
-void TestLumakey::dragEndsOnTheLastValue()
-{
-    CHECKED(turnOn());
-    h->facade.slowMs = 120;
-    const QPoint from = h->handleAt("auxLumakeySoftness", 0);
-    h->press(from);
-    for (int i = 1; i <= 80; ++i) {
-        h->move(from + QPoint(3 * i, 0));
-        QTest::qWait(5);
-    }
-    h->release(from + QPoint(240, 0));
-    const int before = h->facade.calls.size();
-    QTest::qWait(400);
-    QTRY_COMPARE(h->facade.calls.last(),
-                 QStringLiteral("setLumaKey(true, 0, 0, %1, 0, 0, 0)")
-                     .arg(h->number("auxLumakeySoftness.sliderValue")));
-    QVERIFY(h->facade.calls.size() >= 3);
-    QVERIFY(h->facade.calls.size() <= before + 1);
 }
 
 void TestLumakey::nothingMovesWithTheLanguage()

@@ -1,7 +1,6 @@
-// Discovery and remote configuration as raw datagrams: directed on the loopback, broadcasts inside namespaces of
-// the test's own.
+// Discovery and remote configuration as raw datagrams, directed on the loopback.
 
-#include "tests/support/testnetwork.h"
+#include "discoveryrequests.h"
 #include "tests/support/unithost.h"
 #include "tests/support/vectors.h"
 
@@ -13,7 +12,6 @@
 
 using standin::discoveryCode;
 using standin::Fault;
-using support::TestNetwork;
 using support::UnitHost;
 
 class TestDiscovery : public QObject
@@ -38,36 +36,9 @@ private slots:
     void nameBeyondAscii();
     void faults_data();
     void faults();
-    void broadcastFindsTwoUnits();
-    void broadcastMeansOneMac();
 };
 
 namespace {
-
-constexpr quint16 kPort = 5002;
-
-QByteArray bytes(const char *hex)
-{
-    return QByteArray::fromHex(hex);
-}
-
-QString hex(const QByteArray &data)
-{
-    return QString::fromLatin1(data.toHex(' '));
-}
-
-QByteArray request(int type, int command, const QByteArray &rest)
-{
-    const int length = rest.size() + 4;
-    QByteArray datagram;
-    datagram.append(static_cast<char>(length / 256));
-    datagram.append(static_cast<char>(length % 256));
-    datagram.append(static_cast<char>(type));
-    datagram.append(static_cast<char>(command));
-    return datagram + rest;
-}
-
-const QByteArray kMac = bytes("00 50 c2 72 00 01");
 
 // A unit on the loopback and a socket that talks to it.
 struct Pair
@@ -347,83 +318,5 @@ void TestDiscovery::faults()
     QCOMPARE(hex(pair.ask(mask)), ack(0x81, 0x0B));
 }
 
-namespace {
-
-// A panel's host and a host of two units on one cable; the test's thread sits with the panel.
-struct Lan
-{
-    TestNetwork net;
-    std::unique_ptr<UnitHost> first;
-    std::unique_ptr<UnitHost> second;
-    QUdpSocket socket;
-
-    bool build()
-    {
-        const QString panel = net.addHost();
-        const QString units = net.addHost();
-        const QString cable = net.addSwitch();
-        net.plug(panel, QStringLiteral("eth0"), cable, {QStringLiteral("192.168.72.1/24")});
-        net.plug(units, QStringLiteral("eth0"), cable,
-                 {QStringLiteral("192.168.72.10/24"), QStringLiteral("192.168.72.11/24")});
-        if (!net.isGood())
-            return false;
-        UnitHost::Options options;
-        options.netNamespace = units;
-        options.discovery = true;
-        options.broadcasts = true;
-        options.address = QStringLiteral("192.168.72.10");
-        first = std::make_unique<UnitHost>(options);
-        options.address = QStringLiteral("192.168.72.11");
-        second = std::make_unique<UnitHost>(options);
-        second->withNetwork(
-            [](standin::NetworkSettings &settings) { settings.mac = bytes("00 50 c2 72 00 02"); });
-        return TestNetwork::enter(panel) && socket.bind(QHostAddress(QStringLiteral("192.168.72.1")), 0);
-    }
-    // As many as should answer in their own time, and those that should not in 300 ms.
-    QStringList sendersOf(const QByteArray &datagram, int expected)
-    {
-        socket.writeDatagram(datagram, QHostAddress::Broadcast, kPort);
-        QStringList senders;
-        while (socket.hasPendingDatagrams()
-               || socket.waitForReadyRead(senders.size() < expected ? 10000 : 300)) {
-            QHostAddress sender;
-            quint16 port = 0;
-            QByteArray reply(100, '\0');
-            socket.readDatagram(reply.data(), reply.size(), &sender, &port);
-            senders.append(QStringLiteral("%1:%2").arg(sender.toString()).arg(port));
-        }
-        senders.sort();
-        return senders;
-    }
-};
-
-} // namespace
-
-void TestDiscovery::broadcastFindsTwoUnits()
-{
-    Lan lan;
-    QVERIFY2(lan.build(), qPrintable(lan.net.complaint()));
-    QCOMPARE(lan.sendersOf(request(0x80, 0x00, "ETH_REQ"), 2),
-             QStringList({QStringLiteral("192.168.72.10:5002"), QStringLiteral("192.168.72.11:5002")}));
-}
-
-void TestDiscovery::broadcastMeansOneMac()
-{
-    Lan lan;
-    QVERIFY2(lan.build(), qPrintable(lan.net.complaint()));
-    QCOMPARE(lan.sendersOf(request(0x80, 0x40, bytes("00 50 c2 72 00 02") + "GET_MODEL"), 1),
-             QStringList({QStringLiteral("192.168.72.11:5002")}));
-    QCOMPARE(lan.sendersOf(request(0x80, 0x04, kMac + "RESET"), 1),
-             QStringList({QStringLiteral("192.168.72.10:5002")}));
-    QCOMPARE(lan.first->restarts(), 1);
-    QCOMPARE(lan.second->restarts(), 0);
-}
-
-int main(int argc, char **argv)
-{
-    TestNetwork::obtainRights(argv);
-    QCoreApplication application(argc, argv);
-    TestDiscovery test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(TestDiscovery)
 #include "tst_discovery.moc"
