@@ -65,7 +65,7 @@ const QVector<Lack> kLacks{
     {"the toolkit's plugin", kNoDisplay, "The panel finds no display", false,
      [](RealPanel::Place &place) { set(place, "QT_QPA_PLATFORM", "nothing-of-that-name"); }},
     {"the module of the controls", kNoDocument, "QtQuick.Controls", false,
-     [](RealPanel::Place &place) { hide(place, qmlFolder("QtQuick/Controls.2")); }},
+     [](RealPanel::Place &place) { hide(place, qmlFolder("QtQuick/Controls")); }},
     {"the module of the dialogs", kNoDocument, "module \"QtQuick.Dialogs\"", false,
      [](RealPanel::Place &place) { hide(place, qmlFolder("QtQuick/Dialogs")); }},
     {"all fonts of the system", kWindow, "", false,
