@@ -101,6 +101,7 @@ void TestLook::movesOnlyTheWords()
     QStringList english;
     for (const QString &language : QStringList{"en_US", "zh_TW", "zh_CN"}) {
         emit facade.refreshLanguage(language);
+        QTest::qWait(50); // rows and columns lay themselves out with the next frame
         QStringList places;
         for (const QString &id : ids) {
             const QPoint place = h.corner(id);

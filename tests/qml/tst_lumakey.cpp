@@ -253,6 +253,8 @@ void TestLumakey::nothingMovesWithTheLanguage()
     for (const char *language : {"en_US", "zh_TW", "zh_CN"}) {
         h->translator.setTranslation(language);
         emit h->facade.refreshLumaKey(true, 0, 180, 320, 1, 8, 1000);
+        QTest::qWait(50); // rows and columns lay themselves out with the next frame
+        QCOMPARE(h->at(h->item("auxLumakeyCutoff.itemSlider"), 0, 0), QPoint(444, 340));
         QCOMPARE(h->at(h->item("btnAuxLumakeyKeymodeBlackImage"), 0, 0), QPoint(504, 256));
         QCOMPARE(h->at(h->item("txtAuxLumakeyKeymodeBlack"), 0, 0).x(), 540);
         QCOMPARE(h->at(h->item("btnAuxLumakeyKeymodeWhiteImage"), 0, 0), QPoint(730, 256));

@@ -132,7 +132,7 @@ void TestPostProcessor::foldTakesItsTime()
         support::Stopwatch clock;
         h->click("pagePP_ContentHeader01.foldButton");
         QTRY_COMPARE(h->number("pagePP_ContentArea01.height"), end);
-        VERIFY_TOOK(clock, 170, 700);
+        VERIFY_TOOK(clock, 170, 330);
     }
 }
 
