@@ -69,7 +69,7 @@ void TestChromaFolding::folding()
     QCOMPARE(h->face(header + "foldButton.source"), QStringLiteral("btn_n_hide_dashboard"));
     QVERIFY(h->number(height) > 74);
     QTRY_COMPARE(h->number(height), 74);
-    VERIFY_TOOK(clock, 180, 1000);
+    VERIFY_TOOK(clock, 180, 330);
     QCOMPARE(h->number("scrollContent.contentHeight"), others + 74);
     h->click(h->seen(header + "foldButton"));
     QVERIFY(h->flag(inside + ".enabled"));

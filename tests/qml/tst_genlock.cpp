@@ -272,7 +272,7 @@ void TestGenlock::foldTakesItsTime()
         support::Stopwatch clock;
         h->click("btnGenlockFolder");
         QTRY_COMPARE(h->number("pageInput_ContentGenlock.height"), end);
-        VERIFY_TOOK(clock, 170, 700);
+        VERIFY_TOOK(clock, 170, 330);
     }
 }
 
