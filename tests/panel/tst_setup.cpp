@@ -19,6 +19,10 @@ private slots:
     void showVersion();
     void factoryReset();
     void lists();
+    void entriesOfTheBoxes_data();
+    void entriesOfTheBoxes();
+    void wordsStandLeftOfTheirControls_data();
+    void wordsStandLeftOfTheirControls();
 
 private:
     std::unique_ptr<PanelFacade> facade;
@@ -189,6 +193,63 @@ void TestSetup::lists()
     QCOMPARE(h->window->title(), QStringLiteral("QKV-720 v1.6.7"));
     QCOMPARE(h->window->minimumSize(), QSize(1366, 768));
     QCOMPARE(h->window->maximumSize(), QSize(1366, 768));
+}
+
+void TestSetup::entriesOfTheBoxes_data()
+{
+    QTest::addColumn<QString>("combo");
+    QTest::addColumn<QString>("entries");
+    for (const char *combo : {"comboPgmSdiOutput", "comboPgmHdmiOutput", "comboPvwOutput"})
+        QTest::newRow(combo) << combo << "FG,BG,AUX,Matte,PFG,Comp";
+    const auto row = [](const char *combo, const char *entries) {
+        QTest::newRow(combo) << combo << QString::fromLatin1(entries);
+    };
+    row("comboUserMem", "User 1,User 2,User 3,User 4,User 5,User 6,User 7,User 8");
+    row("comboSetupVOutOutputFormat", "RGB444,YUV444,YUV422");
+    row("comboConnectInterface", "HLNP,RS-232");
+    row("comboAddrmode", "DHCP,Static IP");
+}
+
+// An entry is sent by its number: each word must stand at its own.
+void TestSetup::entriesOfTheBoxes()
+{
+    QFETCH(QString, combo);
+    QFETCH(QString, entries);
+    const QString all = QStringLiteral("(function(box) { var words = [];"
+                                       "for (var i = 0; i < box.count; ++i) words.push(box.textAt(i));"
+                                       "return words.join() })(%1)");
+    QCOMPARE(h->text(all.arg(combo)), entries);
+}
+
+void TestSetup::wordsStandLeftOfTheirControls_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<QString>("control");
+    const auto row = [](const char *words, const char *control) {
+        QTest::newRow(control) << QString::fromLatin1(words) << control;
+    };
+    row("Auto Output Resolution", "imgSetupAutoOutRes");
+    row("Output Resolution", "comboSetupVOutRes");
+    row("HDMI Output Format", "comboSetupVOutOutputFormat");
+    row("FW Version", "txtFWVersion");
+    row("FPGA Version", "txtFPGAVersion");
+    row("Bootloader Version", "txtBLVersion");
+}
+
+void TestSetup::wordsStandLeftOfTheirControls()
+{
+    QFETCH(QString, words);
+    QFETCH(QString, control);
+    const QQuickItem *target = h->item(control);
+    const QPointF place = target->mapToScene(QPointF(0, target->height() / 2));
+    QVector<QPointF> found;
+    for (const QQuickItem *item : h->item("setupForm")->findChildren<QQuickItem *>()) {
+        if (item->property("text").toString() == words && item->isVisible())
+            found << item->mapToScene(QPointF(220, item->height() / 2));
+    }
+    QCOMPARE(found.size(), 1);
+    QCOMPARE(found.constFirst().x(), place.x());
+    QVERIFY(qAbs(found.constFirst().y() - place.y()) <= 1);
 }
 
 QTEST_MAIN(TestSetup)
