@@ -15,12 +15,15 @@ private slots:
     void init() { QFile::remove(settingsPath()); }
     void withoutALink_data();
     void withoutALink();
+    void inputsWithoutALinkStartThePollAlone();
     void nothingIsReadWithoutALink();
     // In halves, which run side by side: each exchange that fails takes its whole ladder.
     void failedSetsTellNothing() { failedSets(0, kHalf); }
     void failedSetsTellNothingEither() { failedSets(kHalf, kAll); }
     void failedResetsTellTheStoredValues() { failedResets(0, kHalf); }
     void failedResetsTellTheStoredValuesToo() { failedResets(kHalf, kAll); }
+    void failedOutputs();
+    void failedSetup();
     void failedSpill();
     void failedInputs();
     void failedGenlockReset();
@@ -155,6 +158,22 @@ void TestFailures::withoutALink()
     QVERIFY(!poll.isActive());
 }
 
+// Two slots start the poll with or without a link; apart from that they are as silent as all others.
+void TestFailures::inputsWithoutALinkStartThePollAlone()
+{
+    FacadeBench bench;
+    const QByteArray before = fieldsOf(*bench.device);
+    const support::LogCapture capture;
+    bench.control->setVInSource(1, 2, 3, true, false, true, true, -2, 300);
+    bench.control->resetGenlock();
+    QVERIFY(fieldsOf(*bench.device) == before);
+    QCOMPARE(support::LogCapture::logs(), QStringList());
+    QCOMPARE(bench.frames(), QStringList());
+    QCOMPARE(bench.recorder->told, QStringList());
+    QVERIFY(bench.control->timerRefreshStatus->isActive());
+    QVERIFY(!QFile::exists(settingsPath()));
+}
+
 void TestFailures::nothingIsReadWithoutALink()
 {
     FacadeBench bench;
@@ -206,6 +225,42 @@ void TestFailures::failedResets(int first, int end)
             qPrintable(QLatin1String(row.name) + QStringLiteral(": ") + told.join(QStringLiteral(", "))));
         QVERIFY2(!bench.control->timerRefreshStatus->isActive(), row.name);
     }
+}
+
+// What was asked for is told with the mark of a failed read, and no read is tried over a link that is gone.
+void TestFailures::failedOutputs()
+{
+    FacadeBench bench;
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::AnyCode, noReply());
+    // The sum of this frame is 0, so each attempt waits for 50 ms and not for 2 s.
+    bench.control->setVOut(24, 1, 1);
+    QCOMPARE(bench.recorder->take(),
+             warnings(kAttempts)
+                 + QStringList({QStringLiteral("showVout(24, 1, 999)"), QStringLiteral("vOutChanged()")}));
+    QCOMPARE(bench.frames(), repeated("e0 18 01 01", kAttempts));
+    QVERIFY(!bench.control->isConnected());
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
+
+    bench.device->isConnected = true;
+    bench.control->setOutSelect(1, true, false, 2, false, true, 3, true, true, 4, false, false);
+    QCOMPARE(bench.recorder->take(), warnings(kAttempts));
+    QCOMPARE(bench.frames(), repeated("e3 01 02 03 04 05 06", kAttempts));
+    QVERIFY(!bench.control->isConnected());
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
+}
+
+// The status behind it is not asked for; the standard is told as stored.
+void TestFailures::failedSetup()
+{
+    FacadeBench bench;
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(standin::AnyCode, noReply());
+    bench.control->saveSetup();
+    QCOMPARE(bench.recorder->take(), warnings(kAttempts) + QStringList{QStringLiteral("showVout(15, 0, 1)")});
+    QCOMPARE(bench.frames(), repeated("e5", kAttempts));
+    QVERIFY(!bench.control->isConnected());
+    QVERIFY(!bench.control->timerRefreshStatus->isActive());
 }
 
 void TestFailures::failedSpill()
