@@ -283,12 +283,11 @@ void AutomaticKeyTest::lateChain_data()
     QTest::addColumn<uint>("method");
     QTest::addColumn<int>("afterMs");
     QTest::addColumn<bool>("taken");
-    // The wait of the command, and up to a second more for the first byte: 3 and 4 s. What is too late is so by far,
-    // since a busy machine makes the panel wait longer.
+    // The wait of the command, and up to a second more for the first byte: 3 and 4 s.
     QTest::newRow("network, in time") << uint(kNetworkLink) << 2500 << true;
-    QTest::newRow("network, too late") << uint(kNetworkLink) << 4500 << false;
+    QTest::newRow("network, too late") << uint(kNetworkLink) << 3200 << false;
     QTest::newRow("serial, in time") << uint(kSerialLink) << 3500 << true;
-    QTest::newRow("serial, too late") << uint(kSerialLink) << 5500 << false;
+    QTest::newRow("serial, too late") << uint(kSerialLink) << 4200 << false;
 }
 
 void AutomaticKeyTest::lateChain()
@@ -299,12 +298,20 @@ void AutomaticKeyTest::lateChain()
     DeviceBench bench(method);
     QVERIFY(bench.connectUnit());
     bench.host.withUnit([](standin::Unit &unit) { unit.setBackdrop(11, 222, 987); });
-    bench.host.setFault(0xD0, standin::Fault::late(afterMs, 1));
-    scramble(*bench.device, 0);
     const bool network = method == kNetworkLink;
     support::Stopwatch timer;
-    bench.device->setBackColor(method, 1, 2, 3, 2);
-    timer.stop();
+    // A busy machine may let the panel wait until the late chain is there, but not at each try.
+    constexpr int kTries = 4;
+    bool arrived = true;
+    for (int i = 0; i < kTries && arrived; ++i) {
+        bench.host.clearRecord();
+        bench.host.setFault(0xD0, standin::Fault::late(afterMs, 1));
+        scramble(*bench.device, 0);
+        timer.restart();
+        bench.device->setBackColor(method, 1, 2, 3, 2);
+        timer.stop();
+        arrived = !taken && timer.elapsed() >= afterMs && timer.elapsed() < afterMs + 900;
+    }
     // The network ladder asks again and finds the late chain; the serial link takes silence for a chain of zeros.
     QCOMPARE(bench.host.count(0xD0), network && !taken ? 2 : 1);
     QCOMPARE(bench.broken.count(), network && !taken ? 1 : 0);
