@@ -20,6 +20,7 @@ private slots:
     void colourUnderTheCursor();
     void colourOnDeadLink();
     void plainColourLadderFalls();
+    void resetLadderRises();
     void wrongChecksumOnSerialIsRetried_data();
     void wrongChecksumOnSerialIsRetried();
 
@@ -224,6 +225,18 @@ void KeyColourTest::plainColourLadderFalls()
     QCOMPARE(bench.host.count(0xD0), 4);
     QCOMPARE(bench.broken.count(), 4);
     QCOMPARE(int(bench.device->ckBackColor.r), 1);
+}
+
+// Unlike a set of the same code it searches nothing: the unit is asked again as soon as for any other reset.
+void KeyColourTest::resetLadderRises()
+{
+    DeviceBench bench(kNetworkLink);
+    QVERIFY(bench.connectUnit());
+    bench.host.setFault(0xD0, standin::Fault::shortened(3));
+    QVERIFY(
+        bench.framesComeApart({350, 550, 1050}, [&bench] { bench.device->resetBackColor(kNetworkLink); }));
+    QCOMPARE(bench.host.count(0xD0), 4);
+    QCOMPARE(bench.broken.count(), 4);
 }
 
 void KeyColourTest::wrongChecksumOnSerialIsRetried_data()

@@ -100,8 +100,11 @@ QString ladderOf(int code)
 
 QString commandRow(int code, const QString &name, const QString &payload, const QString &reply)
 {
-    return row({hex(code), name, payload, reply, waitOf(code, kNetworkLink), waitOf(code, kSerialLink),
-                ladderOf(code)});
+    // The reset of the key colour sends zeros, the mode among them, and is tried again as any other reset is.
+    const bool ordinary = code == QKV720_SET_CK_BACKCOLOR_AUTOCK && name.startsWith(QLatin1String("reset"));
+    const int like = ordinary ? int(QKV720_GET_CK_BACKCOLOR_AUTOCK) : code;
+    return row({hex(code), name, payload, reply, waitOf(like, kNetworkLink), waitOf(like, kSerialLink),
+                ladderOf(like)});
 }
 
 QString valuesOf(const UnitField &field)
