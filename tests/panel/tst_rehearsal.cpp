@@ -16,6 +16,7 @@ private slots:
     void operatorWorksAUnit();
     void bandIsFilledBeforeThePanelCloses();
     void networkSettingsAreSaved();
+    void pollOutlivesAReportThatNobodySees();
     void lostLinkWarnsAndReconnects();
     void savedUnitIsConnectedAtStart();
     void adapterGoneIsTold();
@@ -174,6 +175,30 @@ void TestRehearsal::networkSettingsAreSaved()
     QString name;
     unit->withNetwork([&](standin::NetworkSettings &settings) { name = settings.name; });
     QCOMPARE(name, QStringLiteral("STUDIO_2"));
+}
+
+// A box that changes holds the poll; with the setup panel closed nobody would let it go again, and a link that is lost
+// then would never be told of.
+void TestRehearsal::pollOutlivesAReportThatNobodySees()
+{
+    QVERIFY(start());
+    QCOMPARE(scanAndConnect(), QString());
+    const int before = h->number("comboSetupVOutRes.currentIndex");
+    unit->withUnit([](standin::Unit &it) { it.setValue(standin::OutputStandard, "standard", 20); });
+    QTRY_COMPARE_WITH_TIMEOUT(h->number("comboSetupVOutRes.currentIndex"), 14, 15000);
+    QVERIFY(before != 14);
+    unit->clearRecord();
+    QTRY_VERIFY_WITH_TIMEOUT(unit->count(standin::OutputStandard) >= 2, 15000);
+
+    // Under the open panel it rests, until that is closed.
+    h->click("btnSetup");
+    QVERIFY(h->standsOpen("popupSetup"));
+    unit->withUnit([](standin::Unit &it) { it.setValue(standin::OutputStandard, "standard", 8); });
+    QTRY_COMPARE_WITH_TIMEOUT(h->number("comboSetupVOutRes.currentIndex"), 2, 15000);
+    QVERIFY(!control->timerRefreshStatus->isActive());
+    QTest::keyClick(h->window, Qt::Key_Escape);
+    QVERIFY(h->standsClosed("popupSetup"));
+    QVERIFY(control->timerRefreshStatus->isActive());
 }
 
 void TestRehearsal::lostLinkWarnsAndReconnects()
