@@ -136,10 +136,16 @@ bool RealPanel::choose(const QString &control, int row)
     click(control);
     if (!looks([&] { return m_screen.look(firstRow) != closed; }, kStartMs))
         return false;
+    const QImage open = m_screen.look(firstRow);
     m_screen.click(box.center() + QPoint(0, box.height() * (row + 1)));
-    // What is chosen may draw the whole screen anew; only then is the list gone for the next look.
-    m_run->readOn(kListClosesMs);
-    return true;
+    // What is chosen may draw the whole screen anew, in its own time; the list is gone when nothing moves any more.
+    return looks(
+        [&] {
+            const QImage seen = m_screen.look(firstRow);
+            m_run->readOn(kListClosesMs);
+            return seen != open && m_screen.look(firstRow) == seen;
+        },
+        kStartMs);
 }
 
 bool RealPanel::changes(const QString &control, const QImage &from, int withinMs) const
