@@ -54,6 +54,13 @@ bool lockCanBeHad(const QString &path, int waitMs)
     return lock.tryLock(waitMs) || lock.error() != QLockFile::LockFailedError;
 }
 
+// The file knows texts only: a number and its digits are the same there. Anything else was not written by a panel.
+bool saysAlready(const QSettings &settings, const QString &key, const QVariant &value)
+{
+    const QVariant there = settings.value(key);
+    return there.userType() == QMetaType::QString && there.toString() == value.toString();
+}
+
 } // namespace
 
 QString settingsFilePath()
@@ -92,8 +99,13 @@ SettingsGroup::~SettingsGroup()
     if (findSettingsObstacle(m_settings.fileName(), wasInVain ? 0 : kWriteWaitMs).kind
         != SettingsObstacle::Nothing)
         return;
-    for (const auto &change : qAsConst(unwritten))
-        m_settings.setValue(change.first, change.second);
+    // What the file says already is not written again: a write waits for the disk twice, and most starts would write
+    // the language that they have just read, two times. The look is at the file as it stands now.
+    m_settings.sync();
+    for (const auto &change : qAsConst(unwritten)) {
+        if (!saysAlready(m_settings, change.first, change.second))
+            m_settings.setValue(change.first, change.second);
+    }
     unwritten.clear();
     m_settings.sync();
 }

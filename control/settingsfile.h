@@ -29,8 +29,8 @@ struct SettingsObstacle
 SettingsObstacle findSettingsObstacle(const QString &file, int waitMs);
 
 // A group of the settings file, open for as long as the guard lives. What was set is written when the guard goes, and
-// is on disk before the next statement runs. When something stands in the way of the file, it is kept instead and
-// written with the next change that gets through; nothing is reported.
+// is on disk before the next statement runs; what the file says already is not written again. When something stands in
+// the way of the file, it is kept instead and written with the next change that gets through; nothing is reported.
 class SettingsGroup
 {
 public:

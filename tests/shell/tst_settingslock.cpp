@@ -67,6 +67,35 @@ private slots:
         QCOMPARE(SettingsGroup(settings, QStringLiteral("connection")).value("interface").toInt(), 2);
     }
 
+    // A write waits for the disk, twice. The look is at the file and not at what was read once.
+    void whatTheFileSaysIsNotWrittenAgain()
+    {
+        QSettings settings(settingsFilePath(), QSettings::IniFormat);
+        const QDateTime before = QDateTime::currentDateTime().addSecs(-3600);
+        const auto lay = [&before](const QByteArray &rows) {
+            QFile file(settingsFilePath());
+            QVERIFY(file.open(QIODevice::ReadWrite | QIODevice::Truncate));
+            file.write(rows);
+            QVERIFY(file.flush() && file.setFileTime(before, QFileDevice::FileModificationTime));
+        };
+        lay("[connection]\ninterface=2\n");
+        store(settings, "interface", 2);
+        QCOMPARE(QFileInfo(settingsFilePath()).lastModified().toSecsSinceEpoch(), before.toSecsSinceEpoch());
+        store(settings, "interface", 1);
+        QCOMPARE(fileOnDisk(), QByteArray("[connection]\ninterface=1\n"));
+        // Somebody else has changed it since.
+        lay("[connection]\ninterface=12\n");
+        store(settings, "interface", 1);
+        QCOMPARE(fileOnDisk(), QByteArray("[connection]\ninterface=1\n"));
+        QVERIFY(QFile::remove(settingsFilePath()));
+        store(settings, "interface", 1);
+        QCOMPARE(fileOnDisk(), QByteArray("[connection]\ninterface=1\n"));
+        // A list is no empty text.
+        lay("[connection]\ninterface=1\nnetcard=a, b\n");
+        SettingsGroup(settings, QStringLiteral("connection")).set("netcard", QString());
+        QCOMPARE(fileOnDisk(), QByteArray("[connection]\ninterface=1\nnetcard=\n"));
+    }
+
     // A lock that another panel holds while it writes is waited for.
     void aShortLockIsWaitedFor()
     {
