@@ -22,6 +22,7 @@
 
 #include "control/maincontrol.h"
 #include "control/settingsfile.h"
+#include "device/qkv720commands.h"
 #include "shell/displayguard.h"
 #include "shell/lettering.h"
 #include "shell/logtext.h"
@@ -71,9 +72,19 @@ void holdStandardStreams()
 #endif
 }
 
+// One heap for all threads. The toolkit reads the documents in a thread of its own while this one waits: a second heap
+// would grow page by page, and what is freed in it would not serve the panel.
+void useOneHeap()
+{
+#ifdef __GLIBC__
+    mallopt(M_ARENA_MAX, 1);
+#endif
+}
+
 // What the toolkit needs to know before anything is built.
 void prepareToolkit()
 {
+    useOneHeap();
     escapeLogLines();
     drawInSoftware();
     // Handlers stand as "onFoo:" in Connections, the only form that 5.12 reads; later versions warn of each.
@@ -105,6 +116,14 @@ void readyWindow(const QQmlApplicationEngine &engine)
                              QCoreApplication::exit(kNothingToDrawWith);
                          });
     }
+}
+
+// The start over the serial link compares the saved port with the ports as the screen last asked for them. The screen
+// asks when the operator chooses that link, since the answer takes a tenth of the whole start.
+void listPortsForSerialStart(mainControl &control)
+{
+    if (control.initInterface == static_cast<int>(kSerialLink))
+        control.getSerialNameList();
 }
 
 // The splash's picture would stay in the toolkit's cache, and what the load has freed in the process, for as long as
@@ -170,6 +189,7 @@ int main(int argc, char *argv[])
         Qt::QueuedConnection);
     engine.load(url);
     readyWindow(engine);
+    listPortsForSerialStart(mainObj);
 
     QThread::msleep(kSettleAfterLoadMs);
 

@@ -23,8 +23,11 @@ PopupFrame {
     property alias popupDisConnect: popupDisConnect
     readonly property bool network: comboConnectInterface.currentIndex === 0
 
-    // Asks the combo itself: in the combo's own handler what is bound to it may still be as it was.
+    // Asks the combo itself: in the combo's own handler what is bound to it may still be as it was. Before its first
+    // entry it has no choice to ask for, and a machine takes long to tell its serial ports.
     function portNames() {
+        if (settling && comboConnectInterface.currentIndex < 0)
+            return []
         return comboConnectInterface.currentIndex === 0 ? mainObject.netcardList : mainObject.serialNameList
     }
 

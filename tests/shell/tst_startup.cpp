@@ -2,6 +2,7 @@
 
 #include "displayrun.h"
 
+#include <QSerialPortInfo>
 #include <QSysInfo>
 #include <QtTest>
 
@@ -109,6 +110,16 @@ private slots:
             QVERIFY2(next > at, qPrintable(line + QStringLiteral(" is out of order in\n") + panel.output()));
             at = next;
         }
+    }
+
+    // The saved port is compared with each of the machine's, which nobody has asked for yet when the panel comes up.
+    void aSavedSerialLinkKnowsThePorts()
+    {
+        write(settingsPath(), "[connection]\ninterface=2\nipaddress=192.168.72.5\nserialport=no such port\n");
+        Run panel(QStringLiteral(PANEL_PROGRAM));
+        QVERIFY2(panel.printed(QStringLiteral("ini exists and com check OK")), qPrintable(panel.output()));
+        QCOMPARE(panel.output().count(QStringLiteral("com vs serialList")),
+                 QSerialPortInfo::availablePorts().size());
     }
 
     void nothingIsComplainedOf()
