@@ -61,6 +61,7 @@ Image {
 
     source: "qrc:/img/pc/img_bg_input_line.png"
 
+    // 40 high, as its buttons and its field are; the title and the slider stand in the middle of that.
     Row {
         id: row01
         x: 48
@@ -69,8 +70,8 @@ Image {
 
         PanelText {
             id: txtTitle
+            y: 3
             width: 100
-            anchors.verticalCenter: parent.verticalCenter
         }
 
         T.Label {
@@ -80,7 +81,7 @@ Image {
 
         DarkSlider {
             id: slider
-            anchors.verticalCenter: parent.verticalCenter
+            y: 17
             grooveSource: control.sliderGrooveImgSource
             handleSource: control.sliderHandleImgSource
             levelColor: control.sliderCurrentLevelColor
@@ -91,10 +92,11 @@ Image {
         Row {
             spacing: 2
 
-            FaceButton {
+            T.Button {
                 id: btnDecrease
                 width: 40
                 height: 40
+                hoverEnabled: false
                 background: Image {
                     id: btnDecreaseImage
                     source: "qrc:/img/pc/btn_n_reduce_s_chromakey.png"
@@ -107,10 +109,11 @@ Image {
                 }
             }
 
-            FaceButton {
+            T.Button {
                 id: btnIncrease
                 width: 40
                 height: 40
+                hoverEnabled: false
                 background: Image {
                     id: btnIncreaseImage
                     source: "qrc:/img/pc/btn_n_increase_s_chromakey.png"

@@ -24,27 +24,30 @@ QQC14.Slider {
     // Follows the page, until it is true for the first time.
     property bool seen: visible
 
+    function drawNow() {
+        seen = true
+        // The second child is what the control loads its drawing with.
+        __panel = Qt.binding(function () { return children[1].item || Look.unseenPanel })
+        // The control's own mouse area is as high as the groove, 6 px; the operator aims at the handle, 22 px.
+        for (var i = 0; i < children.length; ++i) {
+            if (children[i].handleHovered === undefined)
+                continue
+            children[i].anchors.topMargin = -reach
+            children[i].anchors.bottomMargin = -reach
+        }
+    }
+
     width: 346
     height: 6
     stepSize: 1
     wheelEnabled: false
-    style: seen ? drawn : unseen
+    style: seen ? drawn : null
+    // As much as the control asks of its drawing: a handle as large as the one that is drawn later, so that each value
+    // already has the place on the groove that it will be drawn at. One for all, since nothing of it is drawn.
+    __panel: Look.unseenPanel
     onSeenChanged: {
         if (seen)
-            seen = true
-    }
-
-    // As much as the control asks of a style: a handle as large as the one that is drawn later, so that each value
-    // already has the place on the groove that it will be drawn at.
-    Component {
-        id: unseen
-
-        QtObject {
-            property Component panel: Item {
-                property int handleWidth: 22
-                property int handleHeight: 22
-            }
-        }
+            drawNow()
     }
 
     Component {
@@ -99,16 +102,6 @@ QQC14.Slider {
                 height: 22
                 source: darkSlider.handleSource
             }
-        }
-    }
-
-    // The control's own mouse area is as high as the groove, 6 px; the operator aims at the handle, 22 px.
-    Component.onCompleted: {
-        for (var i = 0; i < children.length; ++i) {
-            if (children[i].handleHovered === undefined)
-                continue
-            children[i].anchors.topMargin = -reach
-            children[i].anchors.bottomMargin = -reach
         }
     }
 }

@@ -14,6 +14,8 @@ T.TextField {
     color: Look.normal
     font.family: Look.family(hlFontEnRegular)
     font.pixelSize: 18
+    // Said here, or each field asks all that stands around it.
+    hoverEnabled: false
     selectByMouse: true
     selectionColor: Look.level
     selectedTextColor: "black"

@@ -11,7 +11,9 @@ T.Button {
 
     property url source
 
-    implicitWidth: background ? background.implicitWidth : 0
-    implicitHeight: background ? background.implicitHeight : 0
+    implicitWidth: implicitBackgroundWidth
+    implicitHeight: implicitBackgroundHeight
+    // Said here, or each button asks all that stands around it.
+    hoverEnabled: false
     background: Image { source: faceButton.source }
 }

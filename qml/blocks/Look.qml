@@ -23,6 +23,12 @@ QtObject {
     readonly property string focusRing: "#AEB8C6"
     readonly property string hoverEdge: "#33425C"
 
+    // Stands for what a slider is drawn with while no slider is seen.
+    readonly property Item unseenPanel: Item {
+        property int handleWidth: 22
+        property int handleHeight: 22
+    }
+
     // The Chinese family is the system's; the Latin one comes with the panel, by the loader that is passed.
     function family(latinLoader) {
         return latin ? latinLoader.name : "Noto Sans CJK TC Regular"

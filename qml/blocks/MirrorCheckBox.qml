@@ -8,6 +8,7 @@ T.CheckBox {
 
     width: 75
     height: 30
+    hoverEnabled: false
     indicator: Image {
         y: (mirrorCheckBox.height - height) / 2
         source: mirrorCheckBox.checked ? "qrc:/img/pc/btn_p_checkbox_output.png"

@@ -6,7 +6,7 @@ import "."
 // Properties: heading, sign (picture); all of PopupFrame. It dims less than a panel, as it opens over one.
 PopupFrame {
     property alias heading: headingText.text
-    property alias sign: signImage.source
+    property url sign
 
     source: "qrc:/img/pc/img_bg_notify.png"
     width: 520
@@ -26,5 +26,8 @@ PopupFrame {
         id: signImage
         anchors.horizontalCenter: parent.horizontalCenter
         y: 48
+        width: 64
+        height: 64
+        source: seen ? sign : ""
     }
 }

@@ -10,7 +10,7 @@ import "."
 InputLine {
     id: openAngleRow
 
-    property alias sign: signText.text
+    property string sign
     property alias value: angleSlider.value
     property alias slider: angleSlider
     property alias field: angleField
@@ -24,17 +24,21 @@ InputLine {
     property alias lightness: hueBar.lightness
     property bool live: true
 
-    Text {
-        id: signText
+    // A face that no other text has: it is looked for when the row is seen for the first time.
+    Loader {
         x: 190
         width: 40
         height: parent.height
-        horizontalAlignment: Text.AlignHCenter
-        verticalAlignment: Text.AlignVCenter
-        font.pixelSize: 40
-        font.bold: true
-        font.family: "Courier New"
-        color: Look.faint
+        active: angleSlider.seen
+        sourceComponent: Text {
+            text: openAngleRow.sign
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            font.pixelSize: 40
+            font.bold: true
+            font.family: "Courier New"
+            color: Look.faint
+        }
     }
 
     DarkSlider {

@@ -15,6 +15,9 @@ T.Popup {
     property alias title: titleText.text
     property alias closable: closeImage.visible
     property real dimness: 0.55
+    // Becomes true when the popup first opens. What only it shows in its size of letters is set in another one until
+    // then: each size costs the start a search for its face.
+    property bool seen: false
 
     anchors.centerIn: parent
     modal: true
@@ -22,6 +25,7 @@ T.Popup {
     padding: 0
     font.pixelSize: Math.max(1, height * 0.03)
     closePolicy: T.Popup.CloseOnEscape | T.Popup.CloseOnPressOutside
+    onAboutToShow: seen = true
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0.0; to: 1.0 }
     }
@@ -36,7 +40,7 @@ T.Popup {
         height: 32
         visible: text !== ""
         color: Look.level
-        font.pixelSize: 24
+        font.pixelSize: popupFrame.seen ? 24 : 22
         font.bold: true
     }
 

@@ -229,21 +229,21 @@ PopupFrame {
         PickerReadout {
             id: txtColorPickerR
             label: qsTranslate("PageChromakey", "R:") + qmlTranslator.e_str
-            labelSize: 20
+            labelSize: seen ? 20 : 18
             text: colorPickerR
         }
 
         PickerReadout {
             id: txtColorPickerG
             label: qsTranslate("PageChromakey", "G:") + qmlTranslator.e_str
-            labelSize: 20
+            labelSize: seen ? 20 : 18
             text: colorPickerG
         }
 
         PickerReadout {
             id: txtColorPickerB
             label: qsTranslate("PageChromakey", "B:") + qmlTranslator.e_str
-            labelSize: 20
+            labelSize: seen ? 20 : 18
             text: colorPickerB
         }
 
@@ -275,6 +275,7 @@ PopupFrame {
         PickerAxis {
             id: axisX
             last: 478
+            textSize: seen ? 20 : 22
             onStepped: placeCursor()
             onTyped: { placeCursor(); showPosition() }
         }
@@ -282,6 +283,7 @@ PopupFrame {
         PickerAxis {
             id: axisY
             last: 268
+            textSize: seen ? 20 : 22
             onStepped: placeCursor()
             onTyped: { placeCursor(); showPosition() }
         }

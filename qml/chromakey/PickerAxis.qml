@@ -4,7 +4,7 @@ import "../blocks"
 // One coordinate of the unit's cursor: step buttons, which act on the release, and a number field.
 //
 // Properties: position (where the cursor stands, in picture pixels), target (the last one computed), last
-//             (the largest position less 1); decreaseButton, increaseButton, field (inner items).
+//             (the largest position less 1), textSize (of the number); decreaseButton, increaseButton, field.
 // Signals:    stepped(), typed(): position and target have moved.
 // Functions:  aim(part, pixels) takes the place on the pad, moveTo(number) the place in the picture, as near as
 //             there is one; show() writes the position into the field.
@@ -14,6 +14,7 @@ Row {
     property var position: 0
     property var target: 0
     property var last: 0
+    property alias textSize: positionField.font.pixelSize
     property alias decreaseButton: decreaseButton
     property alias increaseButton: increaseButton
     property alias field: positionField
@@ -79,7 +80,6 @@ Row {
         topInset: 9
         bottomInset: 9
         rightPadding: 5
-        font.pixelSize: 20
         text: pickerAxis.position
         lowest: 0
         highest: pickerAxis.last + 1
