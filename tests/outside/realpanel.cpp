@@ -8,7 +8,8 @@
 namespace {
 
 const QString kTitle = QStringLiteral("QKV-720 v");
-constexpr int kListClosesMs = 1000;
+constexpr int kRestMs = 400; // longer than anything on the screen takes between two steps of its moving
+constexpr int kPresses = 3;
 constexpr int kFirstFramesMs = 500;
 constexpr int kHoldoutWindowRead = 0x5F; // the last read of a connect
 
@@ -131,21 +132,36 @@ void RealPanel::drag(const QString &control, int fromPercent, int toPercent)
 bool RealPanel::choose(const QString &control, int row)
 {
     const QRect box = place(control);
-    const QRect firstRow = box.translated(0, box.height());
-    const QImage closed = m_screen.look(firstRow);
-    click(control);
-    if (!looks([&] { return m_screen.look(firstRow) != closed; }, kStartMs))
+    // Not its edge, where the ring around the box reaches in.
+    constexpr int kRing = 6;
+    const QRect firstRow = box.translated(0, box.height()).adjusted(kRing, kRing, -kRing, -kRing);
+    const QImage closed = atRest(firstRow);
+    // A press that meets the start mask as it comes is nobody's.
+    bool opened = false;
+    for (int press = 0; press < kPresses && !opened; ++press) {
+        click(control);
+        opened = looks([&] { return m_screen.look(firstRow) != closed; }, kStartMs / kPresses);
+    }
+    if (!opened)
         return false;
-    const QImage open = m_screen.look(firstRow);
+    const QImage open = atRest(firstRow);
     m_screen.click(box.center() + QPoint(0, box.height() * (row + 1)));
-    // What is chosen may draw the whole screen anew, in its own time; the list is gone when nothing moves any more.
-    return looks(
+    // What is chosen may draw the whole screen anew, in its own time.
+    return looks([&] { return atRest(firstRow) != open; }, kStartMs);
+}
+
+QImage RealPanel::atRest(const QRect &area) const
+{
+    QImage seen = m_screen.look(area);
+    looks(
         [&] {
-            const QImage seen = m_screen.look(firstRow);
-            m_run->readOn(kListClosesMs);
-            return seen != open && m_screen.look(firstRow) == seen;
+            const QImage before = seen;
+            m_run->readOn(kRestMs);
+            seen = m_screen.look(area);
+            return seen == before;
         },
         kStartMs);
+    return seen;
 }
 
 bool RealPanel::changes(const QString &control, const QImage &from, int withinMs) const
@@ -238,6 +254,18 @@ std::unique_ptr<RealPanel> Studio::connectedPanel()
     if (!panel->stands() || !isConnected())
         qWarning("%s", qPrintable(panel->run().output()));
     return panel;
+}
+
+bool Studio::isIdle(RealPanel &panel) const
+{
+    constexpr int kWithoutFrameMs = 500;
+    return QTest::qWaitFor(
+        [&] {
+            unit->clearRecord();
+            panel.run().readOn(kWithoutFrameMs);
+            return unit->frames({0x60, 0x62}).isEmpty();
+        },
+        20000);
 }
 
 bool Studio::sees(int code, int withinMs) const

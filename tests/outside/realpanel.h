@@ -37,6 +37,8 @@ public:
     // Opens a drop-down and takes a row near its top; false when it does not open.
     [[nodiscard]] bool choose(const QString &control, int row);
     QImage look(const QString &control) const { return m_screen.look(place(control)); }
+    // What is there when it moves no more.
+    QImage atRest(const QString &control) const { return atRest(place(control)); }
     // Waits until a control looks other than it did.
     bool changes(const QString &control, const QImage &from, int withinMs = 5000) const;
     bool shows(const QString &control, const QImage &picture, int withinMs = 5000) const;
@@ -56,6 +58,8 @@ public:
     QStringList strangeLines() const;
 
 private:
+    QImage atRest(const QRect &area) const;
+
     support::VirtualDisplay m_display;
     std::unique_ptr<Run> m_run;
     ScreenClient m_screen;
@@ -74,6 +78,8 @@ public:
     void saveSettings(const QMap<QString, QString> &changes = {}) const;
     // Starts with those settings: the panel finds the unit and connects by itself.
     std::unique_ptr<RealPanel> connectedPanel();
+    // Waits until nothing but the poll comes, and begins the record anew.
+    bool isIdle(RealPanel &panel) const;
     bool sees(int code, int withinMs = 10000) const; // a frame reaches the unit
     bool isConnected(int withinMs = 20000) const;
 

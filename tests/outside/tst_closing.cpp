@@ -102,9 +102,7 @@ std::unique_ptr<RealPanel> TestClosing::afterStart()
     auto panel = studio->connectedPanel();
     if (!panel->run().printed(QStringLiteral("StaticIP auto connect")))
         return {};
-    panel->run().readOn(300);
-    studio->unit->clearRecord();
-    return panel;
+    return studio->isIdle(*panel) ? std::move(panel) : nullptr;
 }
 
 std::unique_ptr<RealPanel> TestClosing::unlocked()

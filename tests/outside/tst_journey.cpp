@@ -109,8 +109,7 @@ void TestJourney::theLanguageComesBack()
         QVERIFY(panel.choose(QStringLiteral("comboMainLanguage"), 1));
         QVERIFY(panel.changes(words, english));
         QTRY_VERIFY(storedFile().contains("language=zh_TW"));
-        panel.run().readOn(300);
-        chinese = panel.look(words);
+        chinese = panel.atRest(words);
         QCOMPARE(panel.close(), 0);
         QCOMPARE(panel.strangeLines(), QStringList());
     }
@@ -127,15 +126,13 @@ void TestJourney::allPagesOnce()
 {
     const auto panel = studio->connectedPanel();
     QVERIFY(panel->run().printed(QStringLiteral("StaticIP auto connect")));
-    panel->run().readOn(300);
-    studio->unit->clearRecord();
+    QVERIFY(studio->isIdle(*panel));
     QVector<QImage> seen{panel->look(QStringLiteral("pageIN"))};
     for (const char *entry :
          {"menuChromakey", "menuPostProcessor", "menuGarbageMask", "menuHoldoutWindow", "menuAuxLumakey"}) {
         panel->click(QLatin1String(entry));
         QVERIFY2(panel->changes(QStringLiteral("pageIN"), seen.last()), entry);
-        panel->run().readOn(300);
-        const QImage page = panel->look(QStringLiteral("pageIN"));
+        const QImage page = panel->atRest(QStringLiteral("pageIN"));
         QVERIFY2(!seen.contains(page), entry);
         seen.append(page);
     }

@@ -57,9 +57,8 @@ void TestSurprises::theAdapterIsGone()
     const QImage before = panel.look(QStringLiteral("connectForm"));
     panel.click(QStringLiteral("btnConnect"));
     QVERIFY(panel.changes(QStringLiteral("connectForm"), before));
-    panel.run().readOn(300);
     // What is missing stands in the panel in yellow: the adapter's text, then the unit's.
-    const QImage told = panel.look(QStringLiteral("msgConnect"));
+    const QImage told = panel.atRest(QStringLiteral("msgConnect"));
     int yellow = 0;
     for (int y = 0; y < told.height(); ++y) {
         for (int x = 0; x < told.width(); ++x)
@@ -81,8 +80,7 @@ void TestSurprises::theUnitHasMoved()
     const QImage before = panel.look(QStringLiteral("connectForm"));
     panel.click(QStringLiteral("btnConnect"));
     QVERIFY(panel.changes(QStringLiteral("connectForm"), before));
-    panel.run().readOn(300);
-    QVERIFY(redPixels(panel.look(QStringLiteral("txtIPAddr"))) > 20);
+    QVERIFY(redPixels(panel.atRest(QStringLiteral("txtIPAddr"))) > 20);
     QCOMPARE(redPixels(panel.look(QStringLiteral("txtHostname"))), 0);
     QCOMPARE(redPixels(panel.look(QStringLiteral("txtGateway"))), 0);
     QCOMPARE(studio->unit->clientCount(), 0);
@@ -98,7 +96,7 @@ void TestSurprises::theUnitComesBackAndIsReconnected()
     const int rounds = tested(12, 100);
     const auto panel = studio->connectedPanel();
     QVERIFY(panel->run().printed(QStringLiteral("StaticIP auto connect")));
-    panel->run().readOn(300);
+    QVERIFY(studio->isIdle(*panel));
     const QImage seen = panel->look(QStringLiteral("pageIN"));
     RealPanel::Figures tenth;
     RealPanel::Figures last;
@@ -134,7 +132,7 @@ void TestSurprises::theCableIsPulled()
 {
     const auto panel = studio->connectedPanel();
     QVERIFY(panel->run().printed(QStringLiteral("StaticIP auto connect")));
-    panel->run().readOn(300);
+    QVERIFY(studio->isIdle(*panel));
     const QImage seen = panel->look(QStringLiteral("pageIN"));
     QVERIFY(studio->net.setCable(studio->panelHost, QStringLiteral("eth0"), false));
     QVERIFY2(panel->run().printed(QStringLiteral("onWarning:"), 40000), qPrintable(panel->run().output()));
