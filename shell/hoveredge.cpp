@@ -90,8 +90,7 @@ void HoverEdge::pointAt(const QPointF &place)
     QQuickItem *control = controlAt(m_window->contentItem(), place);
     const bool pressable = control && !isField(control);
     m_edge.surround(pressable ? control : nullptr);
+    // A field has its shape from the toolkit.
     if (pressable && control->cursor().shape() != Qt::PointingHandCursor)
         control->setCursor(Qt::PointingHandCursor);
-    else if (control && !pressable && control->cursor().shape() != Qt::IBeamCursor)
-        control->setCursor(Qt::IBeamCursor);
 }
