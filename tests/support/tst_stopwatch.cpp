@@ -48,7 +48,8 @@ void TestStopwatch::aStoppedProcessWaitsForNothing()
     QVERIFY(waker.waitForFinished());
 }
 
-// Two threads that want the same core get half of it each: the other half is no work of theirs.
+// Two threads that want the same core get half of it each: the other half is no work of theirs. Of the thread that has
+// ended nothing is known any more.
 void TestStopwatch::anotherThreadOnTheSameCoreTakesItsTime()
 {
     cpu_set_t core;
@@ -64,7 +65,7 @@ void TestStopwatch::anotherThreadOnTheSameCoreTakesItsTime()
     std::thread other(work); // on this core too
     work();
     other.join();
-    QVERIFY2(watch.stalled() >= 600, qPrintable(QString::number(watch.stalled())));
+    QVERIFY2(watch.stalled() >= 300, qPrintable(QString::number(watch.stalled())));
 }
 
 QTEST_GUILESS_MAIN(TestStopwatch)
