@@ -70,7 +70,13 @@ public:
     Writer &operator=(const Writer &) = delete;
 
     void kill() const { ::kill(m_process, SIGKILL); }
-    void wait() const { ::waitpid(m_process, nullptr, 0); }
+    // How it ended: its exit status, or less than 0 for a signal.
+    int wait() const
+    {
+        int status = 0;
+        ::waitpid(m_process, &status, 0);
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
+    }
     // The last number that it told; `none` for none.
     int told(int none) const
     {
@@ -215,6 +221,7 @@ void HostileSettingsTest::aKilledWriterLeavesAWholeFile()
 void HostileSettingsTest::twoWritersTakeNothingFromEachOther()
 {
     constexpr int kWrites = 150;
+    constexpr int kTookTooLong = 3;
     QDir(kFolder).removeRecursively();
     QDir().mkpath(QFileInfo(settingsPath()).path());
     const auto timed = [](const char *key) {
@@ -222,15 +229,17 @@ void HostileSettingsTest::twoWritersTakeNothingFromEachOther()
             support::Stopwatch clock;
             SettingsGroup(settings, QStringLiteral("connection")).set(key, number);
             if (clock.undisturbed() >= kLongestMs)
-                ::_exit(1);
+                ::_exit(kTookTooLong);
             // What found the lock taken goes with one of the next changes; the last ones come one by one.
             QThread::msleep(number > kWrites - 5 ? 200 : 5);
         };
     };
     const Writer first(1, kWrites, timed("mask"));
     const Writer second(1, kWrites, timed("gateway"));
-    first.wait();
-    second.wait();
+    const int firstEnd = first.wait();
+    const int secondEnd = second.wait();
+    QCOMPARE(firstEnd, 0);
+    QCOMPARE(secondEnd, 0);
     QCOMPARE(first.told(0), kWrites);
     QCOMPARE(second.told(0), kWrites);
     QCOMPARE(valueOf("mask"), QString::number(kWrites));
