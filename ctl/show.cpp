@@ -156,7 +156,7 @@ QString Show::save(const QString &file) const
 
 QString Show::load(const QString &file)
 {
-    constexpr qint64 kLargest = 1024 * 1024;
+    constexpr qint64 kLargest = 0x100000; // 1 MiB
     QFile in(file);
     if (!in.open(QIODevice::ReadOnly))
         return noShow(file, in.errorString());
@@ -190,7 +190,7 @@ QString Show::take(const QJsonObject &root)
             return QStringLiteral("%1 is no function of a show").arg(name);
         if (!all.value(name).isObject())
             return QStringLiteral("%1 holds no fields").arg(name);
-        const QString trouble = takeFields(*function, all.value(name).toObject());
+        QString trouble = takeFields(*function, all.value(name).toObject());
         if (!trouble.isEmpty())
             return trouble;
     }
