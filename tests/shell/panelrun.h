@@ -108,7 +108,12 @@ public:
     void goOn() const { signal(SIGCONT); }
 
     qint64 processId() const { return m_process.processId(); }
-    void signal(int number) const { ::kill(static_cast<pid_t>(m_process.processId()), number); }
+    // A program that has ended has the number 0, and that would be everybody who runs beside this test.
+    void signal(int number) const
+    {
+        if (const auto process = static_cast<pid_t>(m_process.processId()); process > 0)
+            ::kill(process, number);
+    }
     bool isRunning() const { return m_process.state() == QProcess::Running; }
     int exitCode() const { return m_process.exitCode(); }
     bool crashed() const { return m_process.exitStatus() == QProcess::CrashExit; }

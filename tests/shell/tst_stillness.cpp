@@ -166,7 +166,7 @@ private:
                       environment.insert(QStringLiteral("BENCH_T0"), QStringLiteral("0"));
                   });
         QVERIFY2(panel.printed(QStringLiteral("\"event\":\"first\"")), qPrintable(panel.output()));
-        ::kill(static_cast<pid_t>(panel.processId()), SIGSTOP);
+        panel.signal(SIGSTOP);
         QVERIFY2(panel.stopped(), qPrintable(panel.output()));
         QThread::msleep(kStoppedMs);
         panel.goOn();
