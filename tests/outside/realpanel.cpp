@@ -195,6 +195,13 @@ RealPanel::Figures RealPanel::figures() const
     return figures;
 }
 
+qint64 RealPanel::keptWaiting() const
+{
+    constexpr qint64 kNsPerMs = 1'000'000;
+    QFile file(QStringLiteral("/proc/%1/schedstat").arg(m_run->processId()));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().split(' ').value(1).toLongLong() / kNsPerMs : 0;
+}
+
 QStringList RealPanel::strangeLines() const
 {
     QStringList strange;

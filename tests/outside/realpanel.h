@@ -40,8 +40,8 @@ public:
     // What is there when it moves no more.
     QImage atRest(const QString &control) const { return atRest(place(control)); }
     // Waits until a control looks other than it did.
-    bool changes(const QString &control, const QImage &from, int withinMs = 5000) const;
-    bool shows(const QString &control, const QImage &picture, int withinMs = 5000) const;
+    bool changes(const QString &control, const QImage &from, int withinMs = kStartMs) const;
+    bool shows(const QString &control, const QImage &picture, int withinMs = kStartMs) const;
 
     // Closes the window and waits for the end: the exit status, or -1 for a crash or none.
     int close(int withinMs = kStartMs);
@@ -53,6 +53,8 @@ public:
         int threads = 0;
     };
     Figures figures() const;
+    // How long it was ready to run and not let, in ms: the machine's affair, not the panel's.
+    qint64 keptWaiting() const;
 
     // The lines of its standard error that are no plain log lines.
     QStringList strangeLines() const;

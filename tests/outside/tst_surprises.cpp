@@ -143,9 +143,10 @@ void TestSurprises::theCableIsPulled()
     for (int attempt = 0; attempt < 5 && panel->look(QStringLiteral("pageIN")) != seen; ++attempt) {
         panel->run().forget();
         studio->unit->clearRecord();
+        // A press that meets the warning as it comes is nobody's.
         panel->click(QStringLiteral("btnWarningReconnect"));
-        QVERIFY(panel->run().printed(QStringLiteral("device connect:")));
-        panel->run().readOn(300);
+        if (panel->run().printed(QStringLiteral("device connect:"), kStartMs / 4))
+            panel->run().readOn(300);
     }
     QVERIFY(panel->shows(QStringLiteral("pageIN"), seen));
     QVERIFY(studio->isConnected());
