@@ -17,7 +17,8 @@ HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent
 IMAGES = ROOT / "resources" / "img"
 SIGNS = ROOT / "resources" / "OpenAngleSigns.ttf"
-ICON_SIZES = (16, 24, 32, 48, 64, 128, 256)
+# Of the window; the start decodes all of them, and gives all of them to the desktop with each window.
+ICON_SIZES = (16, 24, 32, 48, 64, 128)
 # Each picture at its own size and at twice that, which the toolkit takes on a large screen; with the mark of its name.
 SCALES = {1: "", 2: "@2x"}
 LARGE_LIMIT = 240    # KiB in all for the second scale

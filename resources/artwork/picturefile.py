@@ -2,9 +2,9 @@
 
 Own encoders, because the libraries at hand write neither form from what is drawn here. cairo writes every picture with
 32 bits a pixel, three times the size of these in all; imaging libraries choose palette, filters and their order by rules
-that change with their version; and none writes an icon file with bitmaps for the small sizes and a PNG for the large one,
-which is what old and new desktops read. The one thing that is left to a library is deflate, and another version of zlib may
-pack the same pixels into other bytes: so files are compared by what they show (see same()), never by their bytes.
+that change with their version, and their icon files hold PNGs, which old desktops do not read. The one thing that is left
+to a library is deflate, and another version of zlib may pack the same pixels into other bytes: so files are compared by
+what they show (see same()), never by their bytes.
 """
 
 import io
@@ -124,12 +124,12 @@ def bitmap(surface):
 
 
 def ico(surfaces):
-    """An icon file: small pictures as bitmaps, the large one as PNG, as every desktop reads them."""
-    images = [png(surface) if surface.get_width() >= 256 else bitmap(surface) for surface in surfaces]
+    """An icon file: bitmaps of less than 256 pixels, as every desktop reads them."""
+    images = [bitmap(surface) for surface in surfaces]
     offset = 6 + 16 * len(images)
     head = struct.pack("<HHH", 0, 1, len(images))
     for surface, image in zip(surfaces, images):
-        size = surface.get_width() % 256    # 0 stands for 256
+        size = surface.get_width()
         head += struct.pack("<BBBBHHII", size, size, 0, 0, 1, 32, len(image), offset)
         offset += len(image)
     return head + b"".join(images)
@@ -139,20 +139,6 @@ def same(path, data):
     """Whether the file at PATH shows what DATA, a file of the same kind, shows."""
     with open(path, "rb") as stored:
         found = stored.read()
-    if found == data:
-        return True
-    first, second = (parts(content) if path.suffix == ".ico" else [content] for content in (found, data))
-    return len(first) == len(second) and all(same_image(*pair) for pair in zip(first, second))
-
-
-def parts(icon):
-    """The pictures of an icon file."""
-    count = struct.unpack_from("<H", icon, 4)[0]
-    places = (struct.unpack_from("<II", icon, 6 + 16 * at + 8) for at in range(count))
-    return [icon[offset:offset + size] for size, offset in places]
-
-
-def same_image(found, data):
     if found == data:
         return True
     if not (found.startswith(SIGNATURE) and data.startswith(SIGNATURE)):

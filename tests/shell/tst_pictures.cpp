@@ -381,7 +381,7 @@ void TestPictures::joinAtTheEdges()
 void TestPictures::includeTheIcon()
 {
     QImageReader reader(QStringLiteral(":/img/qkv720.ico"));
-    const QVector<int> sizes{16, 24, 32, 48, 64, 128, 256};
+    const QVector<int> sizes{16, 24, 32, 48, 64, 128};
     QCOMPARE(reader.imageCount(), sizes.size());
     for (int at = 0; at < sizes.size(); ++at) {
         QVERIFY(reader.jumpToImage(at));
