@@ -6,7 +6,31 @@
 
 namespace {
 
-// Read after the machine's own settings, so these are the last word, also over what a desktop like GNOME tells
+// Where the fonts are, and what stands in for a family that is not there. A machine has some fifty files more that say such
+// things to its desktop, and reading them would take a twelfth of the whole start. Of these only two are read: the one for
+// the machine's owner, and the one that chooses among the Chinese, Japanese and Korean faces.
+constexpr char kFonts[] = R"(<?xml version="1.0"?>
+<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
+<fontconfig>
+  <dir>/usr/share/fonts</dir>
+  <dir>/usr/local/share/fonts</dir>
+  <dir prefix="xdg">fonts</dir>
+  <dir>~/.fonts</dir>
+  <cachedir>/var/cache/fontconfig</cachedir>
+  <cachedir prefix="xdg">fontconfig</cachedir>
+  <include ignore_missing="yes">/etc/fonts/local.conf</include>
+  <match target="pattern">
+    <edit name="family" mode="append_last"><string>sans-serif</string></edit>
+  </match>
+  <alias>
+    <family>sans-serif</family>
+    <prefer><family>DejaVu Sans</family></prefer>
+  </alias>
+  <include ignore_missing="yes">/etc/fonts/conf.d/70-fonts-noto-cjk.conf</include>
+</fontconfig>
+)";
+
+// Read after all other settings, so these are the last word, also over what a desktop like GNOME tells
 // through the X server: the toolkit looks there only for what fontconfig leaves open. No subpixels, which leave
 // coloured fringes, and widths of letters that do not depend on who set the machine up. A face "Courier New" of the
 // machine's own would draw the open angle signs in its own size and place, so it is not seen.
@@ -38,8 +62,12 @@ void giveFontRules()
     using BuildFonts = int (*)(void *config);
     using SetCurrent = int (*)(void *config);
 
+    // Who names other settings in the environment means them.
+    const bool named = qEnvironmentVariableIsSet("FONTCONFIG_FILE")
+        || qEnvironmentVariableIsSet("FONTCONFIG_PATH") || qEnvironmentVariableIsSet("FONTCONFIG_SYSROOT");
     QLibrary fontconfig(QStringLiteral("fontconfig"), 1);
-    const auto loadConfig = reinterpret_cast<LoadConfig>(fontconfig.resolve("FcInitLoadConfig"));
+    const auto loadConfig =
+        reinterpret_cast<LoadConfig>(fontconfig.resolve(named ? "FcInitLoadConfig" : "FcConfigCreate"));
     const auto parseRules =
         reinterpret_cast<ParseRules>(fontconfig.resolve("FcConfigParseAndLoadFromMemory"));
     const auto buildFonts = reinterpret_cast<BuildFonts>(fontconfig.resolve("FcConfigBuildFonts"));
@@ -49,6 +77,8 @@ void giveFontRules()
     void *const config = loadConfig();
     if (!config)
         return;
+    if (!named)
+        parseRules(config, reinterpret_cast<const unsigned char *>(kFonts), 1);
     // The rules before the fonts: a face is left out while the list is made.
     parseRules(config, reinterpret_cast<const unsigned char *>(kFontRules), 1);
     if (buildFonts(config))

@@ -54,6 +54,8 @@ struct Machine
 {
     QString rules;
     QByteArray resources;
+    bool named = true; // the environment says where its settings are
+    QString language = {}; // by which a face is chosen for what the asked one has not
 };
 
 QImage shown(const Machine &asked, const QString &awaited, const QRect &moving)
@@ -74,8 +76,13 @@ QImage shown(const Machine &asked, const QString &awaited, const QRect &moving)
     Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), QStringLiteral("C.UTF-8"),
               [&](QProcessEnvironment &environment) {
                   on(display)(environment);
-                  environment.insert(QStringLiteral("FONTCONFIG_FILE"),
-                                     settingsOf(kOfTheSystem, asked.rules));
+                  if (asked.named)
+                      environment.insert(QStringLiteral("FONTCONFIG_FILE"),
+                                         settingsOf(kOfTheSystem, asked.rules));
+                  else
+                      environment.remove(QStringLiteral("FONTCONFIG_FILE"));
+                  if (!asked.language.isEmpty())
+                      environment.insert(QStringLiteral("FC_LANG"), asked.language);
                   environment.insert(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("GNOME"));
               });
     if (!panel.printed(awaited))
@@ -152,6 +159,28 @@ private slots:
         const QImage asked = shown({rules, resources}, kStarted, kArrow);
         QCOMPARE(coloured(asked, kLanguage), 0);
         QVERIFY(asked == plain);
+    }
+
+    void itsOwnListFindsWhatTheSystemsDoes_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("machines");
+        QTest::newRow("English") << QStringLiteral("en_US") << QStringLiteral("en");
+        QTest::newRow("Chinese in Taiwan") << QStringLiteral("zh_TW") << QStringLiteral("zh-tw");
+        QTest::newRow("Chinese in China") << QStringLiteral("zh_CN") << QStringLiteral("zh-cn");
+    }
+
+    // The panel reads the system's settings only when it is told to.
+    void itsOwnListFindsWhatTheSystemsDoes()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, machines);
+        storeLanguage(language);
+        const QImage told = shown({{}, {}, true, machines}, kStarted, kArrow);
+        storeLanguage(language);
+        const QImage own = shown({{}, {}, false, machines}, kStarted, kArrow);
+        QVERIFY(own.pixel(kLanguage.center()) != own.pixel(20, 20));
+        QVERIFY(own == told);
     }
 
     void aQuestionIsTheSameOnEveryMachine_data() { listMachines(); }
