@@ -29,10 +29,7 @@
 #include "shell/operatoraids.h"
 #include "shell/qmltranslator.h"
 #include "shell/settingscheck.h"
-
-#ifdef __GLIBC__
-#include <malloc.h>
-#endif
+#include "shell/startheap.h"
 
 namespace {
 
@@ -72,19 +69,10 @@ void holdStandardStreams()
 #endif
 }
 
-// One heap for all threads. The toolkit reads the documents in a thread of its own while this one waits: a second heap
-// would grow page by page, and what is freed in it would not serve the panel.
-void useOneHeap()
-{
-#ifdef __GLIBC__
-    mallopt(M_ARENA_MAX, 1);
-#endif
-}
-
 // What the toolkit needs to know before anything is built.
 void prepareToolkit()
 {
-    useOneHeap();
+    prepareStartHeap();
     escapeLogLines();
     drawInSoftware();
     // Handlers stand as "onFoo:" in Connections, the only form that 5.12 reads; later versions warn of each.
@@ -131,9 +119,7 @@ void listPortsForSerialStart(mainControl &control)
 void giveBackTheStart()
 {
     QPixmapCache::clear();
-#ifdef __GLIBC__
-    malloc_trim(0);
-#endif
+    settleStartHeap();
 }
 
 } // namespace

@@ -1,0 +1,63 @@
+#include "shell/startheap.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+#ifdef __GLIBC__
+
+#include <malloc.h>
+#include <sys/mman.h>
+
+namespace {
+
+constexpr std::size_t kLargePage = 2 * 1024 * 1024;
+constexpr std::size_t kFirstPart = 8 * kLargePage;
+// What the library would have found out by itself, had it not been told.
+constexpr int kOrdinaryThreshold = 1024 * 1024;
+// Until the screen stands nothing is worth giving back, and no picture a mapping of its own.
+constexpr int kOfTheStart = 4 * static_cast<int>(kFirstPart);
+
+void *firstPart = nullptr;
+std::size_t firstPartSize = 0;
+
+// Only in whole large pages.
+void findFirstPart(void *room)
+{
+    const auto begin = (reinterpret_cast<std::uintptr_t>(room) + kLargePage - 1) / kLargePage * kLargePage;
+    const auto end = (reinterpret_cast<std::uintptr_t>(room) + kFirstPart) / kLargePage * kLargePage;
+    firstPart = reinterpret_cast<void *>(begin);
+    firstPartSize = end - begin;
+}
+
+} // namespace
+
+void prepareStartHeap()
+{
+    mallopt(M_ARENA_MAX, 1);
+    mallopt(M_MMAP_THRESHOLD, kOfTheStart);
+    mallopt(M_TRIM_THRESHOLD, kOfTheStart);
+    void *const room = std::malloc(kFirstPart);
+    if (!room)
+        return;
+    findFirstPart(room);
+    // A wish: where the system has no large pages, or does not give them, all is as ever.
+    madvise(firstPart, firstPartSize, MADV_HUGEPAGE);
+    std::free(room);
+}
+
+void settleStartHeap()
+{
+    mallopt(M_MMAP_THRESHOLD, kOrdinaryThreshold);
+    mallopt(M_TRIM_THRESHOLD, kOrdinaryThreshold);
+    malloc_trim(0);
+    // What was given back must not come again as a part of a large page.
+    if (firstPart)
+        madvise(firstPart, firstPartSize, MADV_NOHUGEPAGE);
+}
+
+#else
+
+void prepareStartHeap() { }
+void settleStartHeap() { }
+
+#endif
