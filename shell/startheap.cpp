@@ -36,13 +36,12 @@ void prepareStartHeap()
     mallopt(M_ARENA_MAX, 1);
     mallopt(M_MMAP_THRESHOLD, kOfTheStart);
     mallopt(M_TRIM_THRESHOLD, kOfTheStart);
-    void *const room = std::malloc(kFirstPart);
-    if (!room)
-        return;
-    findFirstPart(room);
-    // A wish: where the system has no large pages, or does not give them, all is as ever.
-    madvise(firstPart, firstPartSize, MADV_HUGEPAGE);
-    std::free(room);
+    if (void *const room = std::malloc(kFirstPart)) {
+        findFirstPart(room);
+        // A wish: where the system has no large pages, or does not give them, all is as ever.
+        madvise(firstPart, firstPartSize, MADV_HUGEPAGE);
+        std::free(room);
+    }
 }
 
 void settleStartHeap()

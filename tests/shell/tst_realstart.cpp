@@ -2,6 +2,7 @@
 
 #include "panelrun.h"
 
+#include <QSerialPortInfo>
 #include <QThread>
 #include <QtTest>
 
@@ -74,6 +75,26 @@ private slots:
         QVERIFY2(panel.printed(kStarted), qPrintable(panel.output()));
         QCOMPARE(storedLanguage(settingsPath()), QStringLiteral("zh_TW"));
         QCOMPARE(panel.output().count(QStringLiteral("Translator loaded: true")), 3);
+    }
+
+    // Who left the panel with the serial link finds the saved port compared with the machine's, without having opened
+    // the list of ports. On a machine without ports nothing is there to be compared.
+    void theSavedSerialLinkIsLookedForAmongThePorts()
+    {
+        storeLanguage(QStringLiteral("en_US"));
+        {
+            QSettings settings(settingsPath(), QSettings::IniFormat);
+            settings.beginGroup(QStringLiteral("connection"));
+            settings.setValue(QStringLiteral("interface"), 2);
+            settings.setValue(QStringLiteral("serialport"), QStringLiteral("no such port"));
+            settings.setValue(QStringLiteral("ipaddress"), QStringLiteral("192.168.72.10"));
+        }
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), kLocale, observed("OBSERVER_STOP_AT"));
+        QVERIFY2(panel.printed(QStringLiteral("ini exists and com check OK")), qPrintable(panel.output()));
+        const auto ports = QSerialPortInfo::availablePorts();
+        QCOMPARE(panel.output().count(QStringLiteral("com vs serialList")), ports.size());
+        for (const QSerialPortInfo &port : ports)
+            QVERIFY2(panel.output().contains(port.portName()), qPrintable(panel.output()));
     }
 
     // The timer of the start is long due when the process wakes, and waits for the event loop all the same.
