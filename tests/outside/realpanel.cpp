@@ -265,12 +265,15 @@ std::unique_ptr<RealPanel> Studio::connectedPanel()
 
 bool Studio::isIdle(RealPanel &panel) const
 {
-    constexpr int kWithoutFrameMs = 500;
+    // On a busy machine a connect pauses between two reads, and what it closes goes on fading after the last.
+    constexpr int kIdleMs = 1000;
+    const QString page = QStringLiteral("pageIN");
     return QTest::qWaitFor(
         [&] {
             unit->clearRecord();
-            panel.run().readOn(kWithoutFrameMs);
-            return unit->frames({0x60, 0x62}).isEmpty();
+            const QImage before = panel.look(page);
+            panel.run().readOn(kIdleMs);
+            return unit->frames({0x60, 0x62}).isEmpty() && panel.look(page) == before;
         },
         20000);
 }

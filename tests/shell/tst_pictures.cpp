@@ -403,7 +403,7 @@ void TestPictures::areWhatTheScriptDraws()
     script.start(
         QStringLiteral("/usr/bin/python3"),
         {QStringLiteral(QT_TESTCASE_SOURCEDIR "/../resources/artwork/draw.py"), QStringLiteral("--check")});
-    QVERIFY(script.waitForFinished(120000));
+    QVERIFY(script.waitForFinished(600000));
     const QByteArray told = script.readAll();
     QVERIFY2(script.exitStatus() == QProcess::NormalExit && script.exitCode() == 0, told.constData());
     // All of them were looked at; the icon is drawn by the same script.
