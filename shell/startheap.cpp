@@ -1,7 +1,7 @@
 #include "shell/startheap.h"
 
-#include <cstdint>
 #include <cstdlib>
+#include <memory>
 
 #ifdef __GLIBC__
 
@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::size_t kLargePage = 2 * 1024 * 1024;
+constexpr std::size_t kLargePage = std::size_t{2} * 1024 * 1024;
 constexpr std::size_t kFirstPart = 8 * kLargePage;
 // What the library would have found out by itself, had it not been told.
 constexpr int kOrdinaryThreshold = 1024 * 1024;
@@ -20,13 +20,12 @@ constexpr int kOfTheStart = 4 * static_cast<int>(kFirstPart);
 void *firstPart = nullptr;
 std::size_t firstPartSize = 0;
 
-// Only in whole large pages.
+// The whole large pages in it.
 void findFirstPart(void *room)
 {
-    const auto begin = (reinterpret_cast<std::uintptr_t>(room) + kLargePage - 1) / kLargePage * kLargePage;
-    const auto end = (reinterpret_cast<std::uintptr_t>(room) + kFirstPart) / kLargePage * kLargePage;
-    firstPart = reinterpret_cast<void *>(begin);
-    firstPartSize = end - begin;
+    std::size_t left = kFirstPart;
+    firstPart = std::align(kLargePage, kLargePage, room, left);
+    firstPartSize = left / kLargePage * kLargePage;
 }
 
 } // namespace
