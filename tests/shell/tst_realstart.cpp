@@ -81,6 +81,7 @@ private slots:
     // the list of ports. On a machine without ports nothing is there to be compared.
     void theSavedSerialLinkIsLookedForAmongThePorts()
     {
+        const QString kCompared = QStringLiteral("ini exists and com check OK");
         storeLanguage(QStringLiteral("en_US"));
         {
             QSettings settings(settingsPath(), QSettings::IniFormat);
@@ -89,8 +90,11 @@ private slots:
             settings.setValue(QStringLiteral("serialport"), QStringLiteral("no such port"));
             settings.setValue(QStringLiteral("ipaddress"), QStringLiteral("192.168.72.10"));
         }
-        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), kLocale, observed("OBSERVER_STOP_AT"));
-        QVERIFY2(panel.printed(QStringLiteral("ini exists and com check OK")), qPrintable(panel.output()));
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), kLocale,
+                  observed("OBSERVER_CLOSE_AT", kCompared));
+        QVERIFY2(panel.printed(kCompared), qPrintable(panel.output()));
+        QVERIFY2(panel.ended(), qPrintable(panel.output()));
+        QCOMPARE(panel.exitCode(), 0);
         const auto ports = QSerialPortInfo::availablePorts();
         QCOMPARE(panel.output().count(QStringLiteral("com vs serialList")), ports.size());
         for (const QSerialPortInfo &port : ports)
