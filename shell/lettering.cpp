@@ -6,9 +6,9 @@
 
 namespace {
 
-// Where the fonts are, and what stands in for a family that is not there. A machine has some fifty files more that say such
-// things to its desktop, and reading them would take a twelfth of the whole start. Of these only two are read: the one for
-// the machine's owner, and the one that chooses among the Chinese, Japanese and Korean faces.
+// Where the fonts are, and what stands in for a family that is not there. A machine has some fifty files more that
+// say such things to its desktop, and reading them would take a twelfth of the whole start. Of these only two are
+// read: the one for the machine's owner, and the one that chooses among the Chinese, Japanese and Korean faces.
 constexpr char kFonts[] = R"(<?xml version="1.0"?>
 <!DOCTYPE fontconfig SYSTEM "fonts.dtd">
 <fontconfig>
