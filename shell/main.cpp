@@ -24,6 +24,7 @@
 #include "control/settingsfile.h"
 #include "device/qkv720commands.h"
 #include "shell/displayguard.h"
+#include "shell/framepace.h"
 #include "shell/lettering.h"
 #include "shell/logtext.h"
 #include "shell/operatoraids.h"
@@ -75,6 +76,7 @@ void prepareToolkit()
     prepareStartHeap();
     escapeLogLines();
     drawInSoftware();
+    FramePace::prepare();
     // Handlers stand as "onFoo:" in Connections, the only form that 5.12 reads; later versions warn of each.
     QLoggingCategory::setFilterRules(QStringLiteral("qt.qml.connections=false"));
     // QIcon takes file names, not addresses: this makes a name with the scheme "qrc:" a file name of the

@@ -1,6 +1,7 @@
 #include "shell/operatoraids.h"
 
 #include "shell/focusring.h"
+#include "shell/framepace.h"
 #include "shell/hoveredge.h"
 #include "shell/presskeys.h"
 #include "shell/seenfirst.h"
@@ -11,5 +12,5 @@ void giveOperatorAids(QQuickWindow *window)
     new PressKeys(window);
     new HoverEdge(window);
     new FocusRing(window);
-    new SeenFirst(window);
+    new SeenFirst(window, new FramePace(window));
 }

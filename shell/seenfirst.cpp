@@ -1,6 +1,7 @@
 #include "shell/seenfirst.h"
 
-#include <QCoreApplication>
+#include "shell/framepace.h"
+
 #include <QKeyEvent>
 #include <QQuickWindow>
 
@@ -13,9 +14,10 @@ bool isRepeated(const QEvent *event)
 
 } // namespace
 
-SeenFirst::SeenFirst(QQuickWindow *window)
+SeenFirst::SeenFirst(QQuickWindow *window, FramePace *pace)
     : QObject(window)
     , m_window(window)
+    , m_pace(pace)
 {
     window->installEventFilter(this);
     // Right before the scene is taken over into a frame.
@@ -49,9 +51,6 @@ bool SeenFirst::eventFilter(QObject *watched, QEvent *event)
 
 void SeenFirst::drawNow()
 {
-    if (m_seen || !m_window->isExposed())
-        return;
-    // What the window system asks for a frame with.
-    QEvent frame(QEvent::UpdateRequest);
-    QCoreApplication::sendEvent(m_window, &frame);
+    if (!m_seen && m_window->isExposed())
+        m_pace->drawNow();
 }

@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+class FramePace;
 class QQuickWindow;
 
 // The work that a press starts may block for seconds, and the screen stands meanwhile as it was last drawn. What a
@@ -13,7 +14,7 @@ class SeenFirst : public QObject
     Q_OBJECT
 
 public:
-    explicit SeenFirst(QQuickWindow *window);
+    SeenFirst(QQuickWindow *window, FramePace *pace);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -21,5 +22,6 @@ private:
     void drawNow();
 
     QQuickWindow *m_window;
+    FramePace *m_pace;
     bool m_seen = true; // a frame has been drawn since the last press
 };

@@ -178,6 +178,15 @@ private slots:
         QVERIFY2(panel.output().contains(QStringLiteral("observer:substitutes noto sans cjk tc\n")),
                  qPrintable(panel.output()));
     }
+
+    void aChangeWaitsForNothing()
+    {
+        Run panel(QStringLiteral(PANEL_PROGRAM), QDir::currentPath(), kLocale,
+                  observed("OBSERVER_CLOSE_AT", kStarted));
+        QVERIFY2(panel.ended(), qPrintable(panel.output()));
+        QVERIFY2(panel.output().contains(QStringLiteral("observer:update wait 0\n")),
+                 qPrintable(panel.output()));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestRealStart)

@@ -1,4 +1,4 @@
-// A still screen costs nothing: once connected, and with nobody at the controls, the event loop of the program sleeps
+// A still screen costs nothing, and the start mask, whose arrow never rests, little: once connected, and with nobody at the controls, the event loop of the program sleeps
 // from poll to poll. Frames do not show it, since an animation of what isn't seen turns the loop and draws nothing.
 //
 // The program is stopped at its first picture and goes on two seconds later, as on a busy machine: whatever the start
@@ -23,6 +23,7 @@ constexpr int kRuns = 4;
 // What moves on the screen turns the loop some 60 times a second. Of what the system itself has to say to a program a
 // single word may fall into the time that is measured.
 constexpr int kTurnsAllowed = 1;
+constexpr int kUnattendedFrameMs = 30;
 
 QJsonObject carryOut(const QString &expression)
 {
@@ -90,6 +91,16 @@ QJsonArray script(const QString &address, const QVector<State> &states)
     return steps;
 }
 
+// What the probe in the program is to do.
+Environment probing(const QJsonArray &steps)
+{
+    return [steps](QProcessEnvironment &environment) {
+        environment.insert(QStringLiteral("BENCH_SCRIPT"),
+                           QString::fromUtf8(QJsonDocument(steps).toJson(QJsonDocument::Compact)));
+        environment.insert(QStringLiteral("BENCH_T0"), QStringLiteral("0"));
+    };
+}
+
 // What the probe measured, by the name of the state; the rest of the program's lines are its log.
 QMap<QString, QJsonObject> measured(const QString &output)
 {
@@ -139,6 +150,25 @@ private slots:
                popup(QStringLiteral("comboPvwOutput.popup"))});
     }
 
+    // The arrow fades for as long as there is no unit: with nobody at the controls in no more than a picture each 30 ms.
+    void theStartMasksArrowMovesAtItsPace()
+    {
+        const QString mask = QStringLiteral("mask");
+        const QJsonArray steps{
+            wait(1000), carryOut(QStringLiteral("if (!popupMask.opened) throw 'no mask'")),
+            QJsonObject{{QStringLiteral("measure"), mask}, {QStringLiteral("ms"), kMeasuredMs}},
+            QJsonObject{{QStringLiteral("quit"), true}}};
+        Run panel(QStringLiteral(PROBED_PANEL), QDir::currentPath(), QStringLiteral("C.UTF-8"),
+                  probing(steps));
+        QVERIFY2(panel.ended(), qPrintable(panel.output()));
+        const QMap<QString, QJsonObject> found = measured(panel.output());
+        QVERIFY2(found.contains(mask), qPrintable(panel.output()));
+        const int frames = found.value(mask).value(QLatin1String("frames")).toInt();
+        const double most =
+            found.value(mask).value(QLatin1String("seconds")).toDouble() * 1000 / kUnattendedFrameMs + 2;
+        QVERIFY2(frames > 0 && frames <= most, qPrintable(panel.output()));
+    }
+
 private:
     // A busy machine is late at times with what a state begins with, and that then falls into the time that is
     // measured. What never comes to rest does so in no run.
@@ -159,12 +189,8 @@ private:
     static void look(const QVector<State> &states, QVector<State> *restless, QStringList *told)
     {
         support::UnitHost unit;
-        const QByteArray steps = QJsonDocument(script(unit.address(), states)).toJson(QJsonDocument::Compact);
         Run panel(QStringLiteral(PROBED_PANEL), QDir::currentPath(), QStringLiteral("C.UTF-8"),
-                  [&](QProcessEnvironment &environment) {
-                      environment.insert(QStringLiteral("BENCH_SCRIPT"), QString::fromUtf8(steps));
-                      environment.insert(QStringLiteral("BENCH_T0"), QStringLiteral("0"));
-                  });
+                  probing(script(unit.address(), states)));
         QVERIFY2(panel.printed(QStringLiteral("\"event\":\"first\"")), qPrintable(panel.output()));
         panel.signal(SIGSTOP);
         QVERIFY2(panel.stopped(), qPrintable(panel.output()));

@@ -35,11 +35,12 @@ QByteArray sizeText(QSize size)
 
 void closeTheWindow()
 {
-    // What only stands in the running program: the icon as main set it, and the family that stands for the one that
-    // the documents name.
+    // What only stands in the running program: the icon as main set it, the family that stands for the one that the
+    // documents name, and how long the toolkit lets a change wait.
     say("icon " + QByteArray::number(QApplication::windowIcon().availableSizes().size()));
     say("substitutes "
         + QFont::substitutes(QStringLiteral("Noto Sans CJK TC Regular")).join(QLatin1Char(',')).toUtf8());
+    say("update wait " + qgetenv("QT_QPA_UPDATE_IDLE_TIME"));
     for (QWindow *window : QGuiApplication::topLevelWindows()) {
         if (window->isVisible() && window->parent() == nullptr)
             window->close();

@@ -1,0 +1,87 @@
+#include "shell/framepace.h"
+
+#include <QCoreApplication>
+#include <QQuickWindow>
+
+namespace {
+
+constexpr char kUpdateWait[] = "QT_QPA_UPDATE_IDLE_TIME";
+
+// The least time from frame to frame. Animations take a step each 16 ms: while somebody works, each finds its frame
+// free.
+constexpr int kFrameAtWorkMs = 14;
+constexpr int kFrameUnattendedMs = 30;
+
+// How long the last input counts as work: longer than what a press starts may block, and than what it shows at its
+// end takes to fade.
+constexpr int kAtWorkMs = 10000;
+
+bool isInput(const QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::TouchBegin:
+    case QEvent::TouchUpdate:
+    case QEvent::TouchEnd:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+FramePace::FramePace(QQuickWindow *window)
+    : QObject(window)
+    , m_window(window)
+{
+    m_nextFrame.setSingleShot(true);
+    m_nextFrame.setTimerType(Qt::PreciseTimer);
+    connect(&m_nextFrame, &QTimer::timeout, this, &FramePace::drawNow);
+    window->installEventFilter(this);
+}
+
+void FramePace::prepare()
+{
+    if (!qEnvironmentVariableIsSet(kUpdateWait))
+        qputenv(kUpdateWait, "0");
+}
+
+void FramePace::drawNow()
+{
+    m_sinceFrame.invalidate();
+    // What the window system asks for a frame with.
+    QEvent frame(QEvent::UpdateRequest);
+    QCoreApplication::sendEvent(m_window, &frame);
+}
+
+bool FramePace::eventFilter(QObject *watched, QEvent *event)
+{
+    if (isInput(event))
+        m_sinceInput.start();
+    if (event->type() == QEvent::UpdateRequest && !takesItsTime())
+        return true;
+    return QObject::eventFilter(watched, event);
+}
+
+// What turns by the frame and not by a clock asks for the next one while it is drawn: without a pace it would keep
+// the processor to itself.
+bool FramePace::takesItsTime()
+{
+    const bool atWork = m_sinceInput.isValid() && !m_sinceInput.hasExpired(kAtWorkMs);
+    const int frameMs = atWork ? kFrameAtWorkMs : kFrameUnattendedMs;
+    const qint64 earlyMs = m_sinceFrame.isValid() ? frameMs - m_sinceFrame.elapsed() : 0;
+    if (earlyMs > 0) {
+        m_nextFrame.start(static_cast<int>(earlyMs));
+        return false;
+    }
+    m_nextFrame.stop();
+    m_sinceFrame.start();
+    return true;
+}
