@@ -45,10 +45,10 @@ void FramePace::drawNow()
 
 bool FramePace::eventFilter(QObject *watched, QEvent *event)
 {
-    if (dynamic_cast<QInputEvent *>(event))
-        m_sinceInput.start();
     if (event->type() == QEvent::UpdateRequest && !takesItsTime())
         return true;
+    if (dynamic_cast<QInputEvent *>(event))
+        m_sinceInput.start();
     return QObject::eventFilter(watched, event);
 }
 
