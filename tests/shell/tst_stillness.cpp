@@ -1,5 +1,6 @@
-// A still screen costs nothing, and the start mask, whose arrow never rests, little: once connected, and with nobody at the controls, the event loop of the program sleeps
-// from poll to poll. Frames do not show it, since an animation of what isn't seen turns the loop and draws nothing.
+// A still screen costs nothing, and the start mask, whose arrow never rests, little: once connected, and with nobody at
+// the controls, the event loop of the program sleeps from poll to poll. Frames do not show it, since an animation of
+// what isn't seen turns the loop and draws nothing.
 //
 // The program is stopped at its first picture and goes on two seconds later, as on a busy machine: whatever the start
 // had planned for these seconds is then due at once.
